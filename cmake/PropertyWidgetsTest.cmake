@@ -1,0 +1,29 @@
+# pw_add_test(<name> SOURCES <files...> [LIBRARIES <targets...>])
+#
+# Builds one QtTest executable and registers it with CTest. Every test runs on the offscreen
+# platform with Qt Quick's software renderer, so no display or GPU is needed; under the
+# sanitizer build the sanitizers stop the test at the first report.
+# Qt warns when the runtime folder is missing or open to others, so tests get a private one.
+set(PW_TEST_RUNTIME_DIR ${PROJECT_BINARY_DIR}/test-runtime)
+file(MAKE_DIRECTORY ${PW_TEST_RUNTIME_DIR})
+file(CHMOD ${PW_TEST_RUNTIME_DIR} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+
+function(pw_add_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE pw_testsupport Qt5::Test ${ARG_LIBRARIES})
+    add_test(NAME ${name} COMMAND ${name})
+    set(env
+        QT_QPA_PLATFORM=offscreen
+        QT_QUICK_BACKEND=software
+        LC_ALL=C.UTF-8
+        XDG_RUNTIME_DIR=${PW_TEST_RUNTIME_DIR}
+        SDK_AUTOMATIC_DIALOGS=1)
+    if(PW_SANITIZE)
+        list(APPEND env
+            "ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_init_order=1:fast_unwind_on_malloc=0"
+            "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+            "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1")
+    endif()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${env}" TIMEOUT 300)
+endfunction()

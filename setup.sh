@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# Sets up a Debian 12 machine for PropertyWidgets, builds it, and then runs what was asked:
+#   ./setup.sh test       the whole test suite, ending with CTest's summary
+#   ./setup.sh workbench  the workbench host with the plug-in and a sample job
+# Running it again installs nothing new and rebuilds only what changed.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+packages=(
+    build-essential cmake ninja-build
+    qtbase5-dev qtdeclarative5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
+    qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-layouts
+    qml-module-qtquick-controls2 qml-module-qtquick-templates2
+    libboost-dev
+    xvfb xauth
+)
+
+install_missing_packages() {
+    local missing=() package
+    for package in "${packages[@]}"; do
+        if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed'; then
+            missing+=("$package")
+        fi
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+
+    echo "Installing: ${missing[*]}"
+    local run_as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing and sudo is not available: ${missing[*]}" >&2
+            echo "Install them as root, then run this script again." >&2
+            exit 1
+        fi
+        run_as_root=(sudo)
+    fi
+    "${run_as_root[@]}" apt-get update -q
+    "${run_as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+build() {
+    cmake --preset default >/dev/null
+    cmake --build --preset default -j "$(nproc)"
+}
+
+case "${1:-}" in
+test)
+    install_missing_packages
+    build
+    ctest --preset default -j "$(nproc)"
+    ;;
+workbench)
+    install_missing_packages
+    build
+    if [ -x build/bin/workbench ]; then
+        exec build/bin/workbench "${@:2}"
+    fi
+    echo "Everything is built; the workbench application is not there yet."
+    ;;
+*)
+    echo "usage: $0 test | workbench" >&2
+    exit 2
+    ;;
+esac

@@ -1,0 +1,28 @@
+#include "sdk/apptranslation.h"
+
+#include <QCoreApplication>
+
+namespace App {
+
+QString getTranslatedName(const QString& name)
+{
+    return getTranslation(name, QStringList(QStringLiteral("IData")));
+}
+
+QString getTranslation(const QString& key, const QStringList& contexts)
+{
+    if (key.isEmpty())
+        return key;
+    const QByteArray source = key.toUtf8();
+    for (const QString& context : contexts) {
+        const QByteArray contextName = context.toUtf8();
+        // Without a translation Qt hands back the source text, which tells "none" apart.
+        const QString translated
+            = QCoreApplication::translate(contextName.constData(), source.constData());
+        if (translated != key)
+            return translated;
+    }
+    return key;
+}
+
+} // namespace App
