@@ -3,6 +3,7 @@
 # Builds one QtTest executable and registers it with CTest. Every test runs on the offscreen
 # platform with Qt Quick's software renderer, so no display or GPU is needed; under the
 # sanitizer build the sanitizers stop the test at the first report.
+
 # Qt warns when the runtime folder is missing or open to others, so tests get a private one.
 set(PW_TEST_RUNTIME_DIR ${PROJECT_BINARY_DIR}/test-runtime)
 file(MAKE_DIRECTORY ${PW_TEST_RUNTIME_DIR})

@@ -55,8 +55,8 @@ QStringList TestSupport::liveTopLevelWidgets()
         // Qt keeps a few internal windows of its own (for example the desktop widget).
         if (widget->windowType() == Qt::Desktop)
             continue;
-        result << QString::fromLatin1(widget->metaObject()->className()) + '/' +
-                      widget->objectName();
+        result << QString::fromLatin1(widget->metaObject()->className()) + '/'
+                + widget->objectName();
     }
     return result;
 }
