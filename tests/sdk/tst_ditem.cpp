@@ -1,4 +1,4 @@
-#include "sdk/appspecifficfiletype.h"
+#include "sdk/appfiletype.h"
 #include "sdk/command.h"
 #include "sdk/ditem.h"
 #include "sdk/image.h"

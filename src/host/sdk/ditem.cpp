@@ -1,6 +1,6 @@
 #include "sdk/ditem.h"
 
-#include "sdk/appspecifficfiletype.h"
+#include "sdk/appfiletype.h"
 #include "sdk/command.h"
 #include "sdk/image.h"
 
