@@ -1,0 +1,313 @@
+#include "jobloader.h"
+#include "testsupport.h"
+
+#include "sdk/binaryitem.h"
+#include "sdk/ditem.h"
+#include "sdk/image.h"
+
+#include <QTest>
+
+#include <limits>
+#include <memory>
+
+using Script::DItem;
+
+namespace {
+
+std::unique_ptr<DItem> load(const QString& fileName)
+{
+    QString error;
+    std::unique_ptr<DItem> root(JobLoader::poLoadFile(fileName, &error));
+    if (!root)
+        qInfo("%s", qPrintable(error));
+    return root;
+}
+
+// The node that a point names by address under "IDataGeoPoint.<axis>".
+DItem* axisNode(const DItem& point, const char* axis)
+{
+    const QVariant address = point.property(QByteArray("IDataGeoPoint.") + axis);
+    return address.isValid() ? reinterpret_cast<DItem*>(address.toLongLong()) : nullptr;
+}
+
+} // namespace
+
+class TestJobLoader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void sampleJobHasEveryNodeType_data();
+    void sampleJobHasEveryNodeType();
+    void sampleJobValues();
+    void sampleJobStates();
+    void pointAxesAreNodesOfThePoint();
+    void imagesAndBinaries();
+    void examplesLoad_data();
+    void examplesLoad();
+    void refusesWrongDocuments_data();
+    void refusesWrongDocuments();
+    void missingFile();
+};
+
+void TestJobLoader::initTestCase()
+{
+    TestSupport::failOnWarnings();
+}
+
+void TestJobLoader::sampleJobHasEveryNodeType_data()
+{
+    QTest::addColumn<QString>("type");
+    const char* const types[]
+        = {"IDataBasicInt",   "IDataBasicInt64",  "IDataBasicDouble", "IDataBasicBool",
+           "IDataBasicEnum",  "IDataBasicString", "IDataImage",       "IDataBinary",
+           "IDataBinaryFile", "IDataGeoPoint",    "IDataFilterMatrix"};
+    for (const char* type : types)
+        QTest::newRow(type) << QString::fromLatin1(type);
+}
+
+void TestJobLoader::sampleJobHasEveryNodeType()
+{
+    QFETCH(QString, type);
+    const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
+    QVERIFY(root);
+    bool found = false;
+    for (const DItem* module : root->childNodes()) {
+        for (const DItem* node : module->childNodes())
+            found = found || node->iDataType() == type;
+    }
+    QVERIFY2(found, qPrintable(type));
+}
+
+void TestJobLoader::sampleJobValues()
+{
+    const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
+    QVERIFY(root);
+    QCOMPARE(root->iDataPath(), QStringLiteral("BottleInspection"));
+    QCOMPARE(root->childNodes().size(), 5);
+
+    const DItem* exposure = root->poFindNode(QStringLiteral("BottleInspection.Camera.Exposure"));
+    QVERIFY(exposure);
+    QCOMPARE(exposure->ioType(), DItem::IoInput);
+    QCOMPARE(exposure->property("IDataNumeric.DynamicValue"), QVariant(1200));
+    QCOMPARE(exposure->property("IDataNumeric.LocalValue"), QVariant(1200));
+    QCOMPARE(exposure->property("IDataNumeric.LocalMin"), QVariant(10));
+    QCOMPARE(exposure->property("IDataNumeric.LocalStep"), QVariant(10));
+    QCOMPARE(exposure->property("IDataNumeric.DynamicMax"), QVariant(100000.0));
+    QCOMPARE(exposure->property("IData.NumericDynamic"), QVariant(true));
+    QCOMPARE(exposure->property("IDataNumeric.LimitsEditable"), QVariant(true));
+
+    // 64-bit values come from texts so that no digit is lost on the way through JSON.
+    const DItem* counter = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Counter"));
+    QVERIFY(counter);
+    QCOMPARE(counter->property("IDataNumeric.LocalMin"),
+             QVariant(std::numeric_limits<qlonglong>::min()));
+    QCOMPARE(counter->property("IDataNumeric.LocalMax"),
+             QVariant(std::numeric_limits<qlonglong>::max()));
+    const DItem* frames = root->poFindNode(QStringLiteral("BottleInspection.Camera.FrameCounter"));
+    QCOMPARE(frames->property("IDataNumeric.DynamicValue"), QVariant(qlonglong(4294967301)));
+
+    const DItem* trigger = root->poFindNode(QStringLiteral("BottleInspection.Camera.TriggerMode"));
+    QCOMPARE(trigger->property("IDataBasicEnum.EnumList").toStringList(),
+             QStringList({"Free Run", "Hardware", "Software"}));
+    QCOMPARE(trigger->property("IDataBasicEnum.DynamicStringnifiedValue"), QVariant("Hardware"));
+    QCOMPARE(trigger->property("IDataBasicEnum.LocalStringnifiedValue"), QVariant("Hardware"));
+
+    const DItem* pattern = root->poFindNode(QStringLiteral("BottleInspection.OCR.Pattern"));
+    QCOMPARE(pattern->property("IDataBasicString.DynamicValue"),
+             QVariant(QStringLiteral("LOT\t^[A-Z]{2}\\d{4}$")));
+    const DItem* found = root->poFindNode(QStringLiteral("BottleInspection.Locator.Found"));
+    QCOMPARE(found->property("IDataBasicBool.DynamicValue"), QVariant(true));
+    QCOMPARE(found->property("IDataBasicBool.ActionReply"), QVariant("Bottle found"));
+    QVERIFY(root->poFindNode(QStringLiteral("BottleInspection.OCR.Fielding.Set.CharFilter")));
+}
+
+void TestJobLoader::sampleJobStates()
+{
+    const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
+    QVERIFY(root);
+    const DItem* camera = root->poFindNode(QStringLiteral("BottleInspection.Camera"));
+    QVERIFY(camera->isDeletable() && camera->isCopyable() && camera->isDraggable());
+    QVERIFY(camera->isRenamingAllowed());
+    QCOMPARE(camera->iconPath(), QStringLiteral(":/images/Setting-3.svg"));
+
+    const DItem* input
+        = root->poFindNode(QStringLiteral("BottleInspection.ImageFilter.InputImage"));
+    QVERIFY(input->isLinkable() && input->isLinked());
+    QCOMPARE(input->linkedPath(), QStringLiteral("BottleInspection.Camera.Image"));
+
+    const DItem* tolerance
+        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Tolerance"));
+    QVERIFY(tolerance->hasLinkError());
+    const DItem* confidence = root->poFindNode(QStringLiteral("BottleInspection.OCR.Confidence"));
+    QVERIFY(confidence->hasErrorState());
+    QVERIFY(!confidence->isEditable());
+    // "Not Available" is what the host's inverted flag means.
+    const DItem* temperature
+        = root->poFindNode(QStringLiteral("BottleInspection.Camera.Temperature"));
+    QVERIFY(temperature->isInitialized());
+    const DItem* score = root->poFindNode(QStringLiteral("BottleInspection.Locator.Score"));
+    QCOMPARE(score->outOfRangeCounter(), 3);
+    const DItem* offset = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Offset"));
+    QCOMPARE(offset->property("IData.IsGuiVisible"), QVariant(false));
+    const DItem* debug = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Debug"));
+    QCOMPARE(debug->property("GUI.Unavailable"), QVariant(true));
+    const DItem* device = root->poFindNode(QStringLiteral("BottleInspection.Camera.DeviceId"));
+    QCOMPARE(device->property("iIsEditable"), QVariant(false));
+}
+
+void TestJobLoader::pointAxesAreNodesOfThePoint()
+{
+    const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
+    QVERIFY(root);
+    DItem* position = root->poFindNode(QStringLiteral("BottleInspection.Locator.Position"));
+    QVERIFY(position);
+    const DItem* x = axisNode(*position, "X");
+    const DItem* y = axisNode(*position, "Y");
+    QVERIFY(x && y && axisNode(*position, "Z"));
+    QCOMPARE(x->parent(), position);
+    QCOMPARE(x->iDataPath(), QStringLiteral("BottleInspection.Locator.Position.X"));
+    QCOMPARE(x->property("IDataNumeric.DynamicValue").toDouble(), 312.5);
+    QCOMPARE(y->property("IDataNumeric.DynamicValue").toDouble(), 188.25);
+    // The axes are reached through the point only, not as children of the tree.
+    QVERIFY(position->childNodes().isEmpty());
+
+    const DItem* reference
+        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Reference"));
+    QVERIFY(axisNode(*reference, "X"));
+    QVERIFY(!axisNode(*reference, "Z"));
+}
+
+void TestJobLoader::imagesAndBinaries()
+{
+    const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
+    QVERIFY(root);
+    auto* image = qobject_cast<Script::GraphicItems::WImage::Image*>(
+        root->poFindNode(QStringLiteral("BottleInspection.Camera.Image")));
+    QVERIFY(image);
+    QCOMPARE(image->qImage().size(), QSize(160, 120));
+    QCOMPARE(image->channelList().size(), 3);
+    QCOMPARE(image->channelList().at(1)->iDataPath(),
+             QStringLiteral("BottleInspection.Camera.Image.Green"));
+
+    auto* calibration = qobject_cast<Script::BinaryItem*>(
+        root->poFindNode(QStringLiteral("BottleInspection.OCR.Calibration")));
+    QVERIFY(calibration);
+    QCOMPARE(calibration->binaryData(), QByteArray::fromHex("00010203040506070809"));
+    auto* model = qobject_cast<Script::BinaryItem*>(
+        root->poFindNode(QStringLiteral("BottleInspection.Locator.Model")));
+    QVERIFY(model);
+    QCOMPARE(model->iDataType(), QStringLiteral("IDataBinaryFile"));
+    QCOMPARE(model->property("FileName"), QVariant("bottle_neck.dxf"));
+    QCOMPARE(model->property("IData.Type.ExtraInfo"), QVariant("DXFModel"));
+    QVERIFY(model->binaryData().startsWith("0\nSECTION"));
+}
+
+void TestJobLoader::examplesLoad_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("root");
+    QTest::addColumn<int>("modules");
+    QTest::newRow("label check") << "label-check.json"
+                                 << "LabelCheck" << 2;
+    QTest::newRow("gap measurement") << "gap-measurement.json"
+                                     << "GapMeasurement" << 2;
+}
+
+void TestJobLoader::examplesLoad()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, root);
+    QFETCH(int, modules);
+    const auto job = load(QStringLiteral(WORKBENCH_DIR "/examples/") + file);
+    QVERIFY(job);
+    QCOMPARE(job->iDataPath(), root);
+    QCOMPARE(job->childNodes().size(), modules);
+}
+
+void TestJobLoader::refusesWrongDocuments_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("error");
+
+    const QByteArray job = R"({"name":"J","modules":[{"name":"M","nodes":[%1]}]})";
+    auto node = [&](const char* text) {
+        return QByteArray(job).replace("%1", text);
+    };
+
+    QTest::newRow("not JSON") << QByteArray("{\"name\":") << "not valid JSON";
+    QTest::newRow("a list") << QByteArray("[]") << "must be a JSON object";
+    QTest::newRow("no modules") << QByteArray(R"({"name":"J"})") << "\"modules\" must be a list";
+    QTest::newRow("job name with a dot")
+        << QByteArray(R"({"name":"J.K","modules":[]})") << "job needs a name";
+    QTest::newRow("module without name")
+        << QByteArray(R"({"name":"J","modules":[{}]})") << "every node needs a name";
+    QTest::newRow("module not an object")
+        << QByteArray(R"({"name":"J","modules":[3]})") << "a module must be an object";
+    QTest::newRow("two modules of one name")
+        << QByteArray(R"({"name":"J","modules":[{"name":"M"},{"name":"M"}]})")
+        << "two modules are named M";
+    QTest::newRow("two nodes of one name")
+        << node(R"({"name":"A"},{"name":"A"})") << "J.M: two nodes are named A";
+    QTest::newRow("unknown key") << node(R"({"name":"A","vlaue":1})") << "J.M.A: unknown key";
+    QTest::newRow("wrong io") << node(R"({"name":"A","io":"both"})") << "\"io\" must be";
+    QTest::newRow("flag not a bool") << node(R"({"name":"A","error":1})") << "true or false";
+    QTest::newRow("int with a fraction")
+        << node(R"({"name":"A","type":"IDataBasicInt","value":1.5})") << "whole number";
+    QTest::newRow("int too large")
+        << node(R"({"name":"A","type":"IDataBasicInt","value":2147483648})") << "whole number";
+    QTest::newRow("int64 text not a number")
+        << node(R"({"name":"A","type":"IDataBasicInt64","value":"12a"})") << "64-bit integer";
+    QTest::newRow("min above max")
+        << node(R"({"name":"A","type":"IDataBasicDouble","min":2,"max":1})") << "above";
+    QTest::newRow("step of zero") << node(R"({"name":"A","type":"IDataBasicInt","step":0})")
+                                  << "\"step\" must be positive";
+    QTest::newRow("dynamic range half given")
+        << node(R"({"name":"A","type":"IDataBasicInt","dynamicMin":0})") << "go together";
+    QTest::newRow("enum without choices")
+        << node(R"({"name":"A","type":"IDataBasicEnum"})") << "needs \"choices\"";
+    QTest::newRow("enum value not a choice")
+        << node(R"({"name":"A","type":"IDataBasicEnum","choices":["a"],"value":"b"})")
+        << "one of the choices";
+    QTest::newRow("value on a generic node")
+        << node(R"({"name":"A","type":"IDataPlan","value":1})") << "holds no value";
+    QTest::newRow("link on a node that takes none")
+        << node(R"({"name":"A","io":"output","link":"J.M.B"})") << "not linkable";
+    QTest::newRow("negative out-of-range count")
+        << node(R"({"name":"A","outOfRange":-1})") << "\"outOfRange\" must be a count";
+    QTest::newRow("bad base64") << node(R"({"name":"A","type":"IDataBinary","base64":"@@@"})")
+                                << "not valid base64";
+    QTest::newRow("image too large")
+        << node(R"({"name":"A","type":"IDataImage","image":{"width":5000,"height":2}})")
+        << "from 1 to 4096";
+    QTest::newRow("bad link mode")
+        << node(R"({"name":"A","type":"IDataImage","linkMode":7})") << "must be 0, 1 or 2";
+    QTest::newRow("channel name with a dot")
+        << node(R"({"name":"A","type":"IDataImage","channels":["R.G"]})") << "channel needs";
+    QTest::newRow("properties not an object")
+        << node(R"({"name":"A","properties":[1]})") << "must be an object";
+}
+
+void TestJobLoader::refusesWrongDocuments()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, error);
+    QString problem = QStringLiteral("untouched");
+    std::unique_ptr<DItem> root(JobLoader::poLoad(json, &problem));
+    QVERIFY(!root);
+    QVERIFY2(problem.contains(error), qPrintable(problem));
+}
+
+void TestJobLoader::missingFile()
+{
+    QString problem;
+    std::unique_ptr<DItem> root(
+        JobLoader::poLoadFile(QStringLiteral("/nonexistent/job.json"), &problem));
+    QVERIFY(!root);
+    QVERIFY2(problem.startsWith(QStringLiteral("/nonexistent/job.json: ")), qPrintable(problem));
+}
+
+QTEST_GUILESS_MAIN(TestJobLoader)
+#include "tst_jobloader.moc"

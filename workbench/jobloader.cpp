@@ -1,0 +1,573 @@
+#include "jobloader.h"
+
+#include "sdk/binaryitem.h"
+#include "sdk/ditem.h"
+#include "sdk/image.h"
+
+#include <QColor>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPainter>
+#include <QSet>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+using Script::DItem;
+
+namespace {
+
+const QString kInt = QStringLiteral("IDataBasicInt");
+const QString kInt64 = QStringLiteral("IDataBasicInt64");
+const QString kDouble = QStringLiteral("IDataBasicDouble");
+const QString kBool = QStringLiteral("IDataBasicBool");
+const QString kEnum = QStringLiteral("IDataBasicEnum");
+const QString kString = QStringLiteral("IDataBasicString");
+const QString kImage = QStringLiteral("IDataImage");
+const QString kBinary = QStringLiteral("IDataBinary");
+const QString kBinaryFile = QStringLiteral("IDataBinaryFile");
+const QString kPoint = QStringLiteral("IDataGeoPoint");
+
+// Every key a node object may hold; an unknown one is refused so that a misspelt key is
+// reported instead of being ignored in silence.
+const QSet<QString> kNodeKeys = {"name",
+                                 "type",
+                                 "io",
+                                 "description",
+                                 "icon",
+                                 "value",
+                                 "local",
+                                 "min",
+                                 "max",
+                                 "step",
+                                 "dynamicMin",
+                                 "dynamicMax",
+                                 "limitsEditable",
+                                 "choices",
+                                 "reply",
+                                 "x",
+                                 "y",
+                                 "z",
+                                 "image",
+                                 "linkMode",
+                                 "channels",
+                                 "text",
+                                 "base64",
+                                 "fileName",
+                                 "extension",
+                                 "fileDescription",
+                                 "link",
+                                 "linkable",
+                                 "linkError",
+                                 "error",
+                                 "notAvailable",
+                                 "outOfRange",
+                                 "editable",
+                                 "deletable",
+                                 "copyable",
+                                 "draggable",
+                                 "hidable",
+                                 "renamable",
+                                 "visible",
+                                 "unavailable",
+                                 "properties",
+                                 "nodes"};
+
+bool isNumericType(const QString& type)
+{
+    return type == kInt || type == kInt64 || type == kDouble;
+}
+
+// Builds the nodes of one document; the first problem found is kept in m_sError.
+class JobBuilder
+{
+public:
+    std::unique_ptr<DItem> poJob(const QJsonObject& job);
+    QString m_sError;
+
+private:
+    std::unique_ptr<DItem> poNode(const QJsonObject& object, const QString& parentPath,
+                                  bool isModule);
+    std::unique_ptr<DItem> poMakeNode(const QString& type, const QString& path,
+                                      DItem::IoType ioType);
+    bool bApplyValue(DItem& node, const QJsonObject& object);
+    bool bApplyNumeric(DItem& node, const QJsonObject& object);
+    bool bApplyPoint(DItem& node, const QJsonObject& object);
+    bool bApplyImage(Script::GraphicItems::WImage::Image& image, const QJsonObject& object);
+    bool bApplyBinary(Script::BinaryItem& item, const QJsonObject& object);
+    bool bApplyState(DItem& node, const QJsonObject& object, bool isModule);
+    bool bNumber(const QJsonObject& object, const QString& key, const QString& type,
+                 QVariant* value);
+    bool bFlag(const QJsonObject& object, const QString& key, bool defaultValue, bool* value);
+    bool bText(const QJsonObject& object, const QString& key, QString* value);
+    bool bFail(const QString& what);
+    std::unique_ptr<DItem> poFail(const QString& what);
+
+    QString m_sWhere;
+};
+
+bool JobBuilder::bFail(const QString& what)
+{
+    if (m_sError.isEmpty())
+        m_sError = m_sWhere.isEmpty() ? what : m_sWhere + QStringLiteral(": ") + what;
+    return false;
+}
+
+std::unique_ptr<DItem> JobBuilder::poFail(const QString& what)
+{
+    bFail(what);
+    return nullptr;
+}
+
+bool JobBuilder::bText(const QJsonObject& object, const QString& key, QString* value)
+{
+    const QJsonValue field = object.value(key);
+    if (field.isUndefined())
+        return true;
+    if (!field.isString())
+        return bFail(QStringLiteral("\"%1\" must be a text").arg(key));
+    *value = field.toString();
+    return true;
+}
+
+bool JobBuilder::bFlag(const QJsonObject& object, const QString& key, bool defaultValue,
+                       bool* value)
+{
+    const QJsonValue field = object.value(key);
+    *value = defaultValue;
+    if (field.isUndefined())
+        return true;
+    if (!field.isBool())
+        return bFail(QStringLiteral("\"%1\" must be true or false").arg(key));
+    *value = field.toBool();
+    return true;
+}
+
+// A number of the row type: a 32-bit integer, a 64-bit integer (also as a decimal text, since
+// JSON numbers lose digits beyond 2^53) or a double.
+bool JobBuilder::bNumber(const QJsonObject& object, const QString& key, const QString& type,
+                         QVariant* value)
+{
+    const QJsonValue field = object.value(key);
+    if (field.isUndefined())
+        return true;
+    if (type == kInt64 && field.isString()) {
+        bool ok = false;
+        const qlonglong number = field.toString().toLongLong(&ok);
+        if (!ok)
+            return bFail(QStringLiteral("\"%1\" is not a 64-bit integer").arg(key));
+        *value = number;
+        return true;
+    }
+    if (!field.isDouble())
+        return bFail(QStringLiteral("\"%1\" must be a number").arg(key));
+    const double number = field.toDouble();
+    if (type == kDouble) {
+        *value = number;
+        return true;
+    }
+    const double limit = type == kInt ? 2147483648.0 : 9007199254740992.0;
+    if (number != std::trunc(number) || number < -limit || number >= limit)
+        return bFail(QStringLiteral("\"%1\" must be a whole number that fits the type").arg(key));
+    if (type == kInt)
+        *value = static_cast<int>(number);
+    else
+        *value = static_cast<qlonglong>(number);
+    return true;
+}
+
+std::unique_ptr<DItem> JobBuilder::poJob(const QJsonObject& job)
+{
+    QString name;
+    if (!bText(job, QStringLiteral("name"), &name))
+        return nullptr;
+    if (name.isEmpty() || name.contains('.'))
+        return poFail(QStringLiteral("the job needs a name without \".\""));
+    auto root = std::make_unique<DItem>(name, QStringLiteral("Job"), DItem::IoNone);
+    root->setProperty("IData.Description", name);
+    root->setProperty("IData.IsGuiVisible", true);
+    const QJsonValue modules = job.value(QStringLiteral("modules"));
+    if (!modules.isArray())
+        return poFail(QStringLiteral("\"modules\" must be a list"));
+    QSet<QString> names;
+    for (const QJsonValue& module : modules.toArray()) {
+        m_sWhere = name;
+        if (!module.isObject())
+            return poFail(QStringLiteral("a module must be an object"));
+        std::unique_ptr<DItem> node = poNode(module.toObject(), name, true);
+        if (!node)
+            return nullptr;
+        m_sWhere = name;
+        if (names.contains(node->unTranslatedName()))
+            return poFail(QStringLiteral("two modules are named %1").arg(node->unTranslatedName()));
+        names.insert(node->unTranslatedName());
+        root->vAddChildNode(node.release());
+    }
+    return root;
+}
+
+std::unique_ptr<DItem> JobBuilder::poMakeNode(const QString& type, const QString& path,
+                                              DItem::IoType ioType)
+{
+    if (type == kImage)
+        return std::make_unique<Script::GraphicItems::WImage::Image>(path, ioType);
+    if (type == kBinary || type == kBinaryFile)
+        return std::make_unique<Script::BinaryItem>(path, type, ioType);
+    return std::make_unique<DItem>(path, type, ioType);
+}
+
+std::unique_ptr<DItem> JobBuilder::poNode(const QJsonObject& object, const QString& parentPath,
+                                          bool isModule)
+{
+    QString name;
+    if (!bText(object, QStringLiteral("name"), &name))
+        return nullptr;
+    if (name.isEmpty() || name.contains('.'))
+        return poFail(QStringLiteral("every node needs a name without \".\""));
+    const QString path = parentPath + '.' + name;
+    m_sWhere = path;
+    for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
+        if (!kNodeKeys.contains(it.key()))
+            return poFail(QStringLiteral("unknown key \"%1\"").arg(it.key()));
+    }
+
+    QString type = isModule ? QStringLiteral("Module") : QString();
+    QString io = QStringLiteral("setting");
+    if (!bText(object, QStringLiteral("type"), &type) || !bText(object, QStringLiteral("io"), &io))
+        return nullptr;
+    static const QStringList ioNames
+        = {QStringLiteral("setting"), QStringLiteral("input"), QStringLiteral("output")};
+    const int ioIndex = ioNames.indexOf(io);
+    if (ioIndex < 0)
+        return poFail(QStringLiteral("\"io\" must be setting, input or output"));
+
+    std::unique_ptr<DItem> node = poMakeNode(type, path, DItem::IoType(ioIndex));
+    if (!bApplyState(*node, object, isModule) || !bApplyValue(*node, object))
+        return nullptr;
+
+    const QJsonValue children = object.value(QStringLiteral("nodes"));
+    if (!children.isUndefined() && !children.isArray())
+        return poFail(QStringLiteral("\"nodes\" must be a list"));
+    QSet<QString> names;
+    for (const QJsonValue& child : children.toArray()) {
+        m_sWhere = path;
+        if (!child.isObject())
+            return poFail(QStringLiteral("a node must be an object"));
+        std::unique_ptr<DItem> childNode = poNode(child.toObject(), path, false);
+        if (!childNode)
+            return nullptr;
+        m_sWhere = path;
+        if (names.contains(childNode->unTranslatedName()))
+            return poFail(
+                QStringLiteral("two nodes are named %1").arg(childNode->unTranslatedName()));
+        names.insert(childNode->unTranslatedName());
+        node->vAddChildNode(childNode.release());
+    }
+    return node;
+}
+
+bool JobBuilder::bApplyState(DItem& node, const QJsonObject& object, bool isModule)
+{
+    const bool input = node.ioType() == DItem::IoInput;
+    const bool output = node.ioType() == DItem::IoOutput;
+    QString description = node.unTranslatedName();
+    QString icon = isModule ? QStringLiteral(":/images/Setting-3.svg") : QString();
+    QString link;
+    bool linkable, linkError, error, notAvailable, editable, deletable, copyable, draggable,
+        hidable, renamable, visible, unavailable;
+    if (!bText(object, QStringLiteral("description"), &description)
+        || !bText(object, QStringLiteral("icon"), &icon)
+        || !bText(object, QStringLiteral("link"), &link)
+        || !bFlag(object, QStringLiteral("linkable"), input, &linkable)
+        || !bFlag(object, QStringLiteral("linkError"), false, &linkError)
+        || !bFlag(object, QStringLiteral("error"), false, &error)
+        || !bFlag(object, QStringLiteral("notAvailable"), false, &notAvailable)
+        || !bFlag(object, QStringLiteral("editable"), !output && !isModule, &editable)
+        || !bFlag(object, QStringLiteral("deletable"), isModule, &deletable)
+        || !bFlag(object, QStringLiteral("copyable"), isModule, &copyable)
+        || !bFlag(object, QStringLiteral("draggable"), isModule, &draggable)
+        || !bFlag(object, QStringLiteral("hidable"), !isModule, &hidable)
+        || !bFlag(object, QStringLiteral("renamable"), isModule, &renamable)
+        || !bFlag(object, QStringLiteral("visible"), true, &visible)
+        || !bFlag(object, QStringLiteral("unavailable"), false, &unavailable))
+        return false;
+    const QJsonValue outOfRange = object.value(QStringLiteral("outOfRange"));
+    if (!outOfRange.isUndefined() && (!outOfRange.isDouble() || outOfRange.toInt(-1) < 0))
+        return bFail(QStringLiteral("\"outOfRange\" must be a count"));
+    if (!link.isEmpty() && !linkable)
+        return bFail(QStringLiteral("a node that is not linkable cannot have a link"));
+
+    node.setProperty("IData.Description", description);
+    node.setIconPath(icon);
+    node.setLinkable(linkable);
+    node.setLinked(!link.isEmpty());
+    node.setLinkedPath(link);
+    node.setLinkError(linkError);
+    node.setErrorState(error);
+    // The host's flag reads the other way round: true means no value has come yet.
+    node.setInitialized(notAvailable);
+    node.setOutOfRangeCounter(outOfRange.toInt(0));
+    node.setEditable(editable);
+    node.setProperty("iIsEditable", editable);
+    node.setDeletable(deletable);
+    node.setProperty("iDeletable", deletable);
+    node.setCopyable(copyable);
+    node.setDraggable(draggable);
+    node.setHidable(hidable);
+    node.setRenamingAllowed(renamable);
+    node.setProperty("IData.IsGuiVisible", visible);
+    if (unavailable)
+        node.setProperty("GUI.Unavailable", true);
+
+    const QJsonValue properties = object.value(QStringLiteral("properties"));
+    if (properties.isUndefined())
+        return true;
+    if (!properties.isObject())
+        return bFail(QStringLiteral("\"properties\" must be an object"));
+    const QVariantMap raw = properties.toObject().toVariantMap();
+    for (auto it = raw.constBegin(); it != raw.constEnd(); ++it)
+        node.setProperty(it.key().toUtf8().constData(), it.value());
+    return true;
+}
+
+bool JobBuilder::bApplyValue(DItem& node, const QJsonObject& object)
+{
+    const QString& type = node.iDataType();
+    if (isNumericType(type))
+        return bApplyNumeric(node, object);
+    if (type == kPoint)
+        return bApplyPoint(node, object);
+    if (auto* image = qobject_cast<Script::GraphicItems::WImage::Image*>(&node))
+        return bApplyImage(*image, object);
+    if (auto* binary = qobject_cast<Script::BinaryItem*>(&node))
+        return bApplyBinary(*binary, object);
+
+    const QJsonValue value = object.value(QStringLiteral("value"));
+    const QJsonValue local = object.value(QStringLiteral("local"));
+    if (type == kBool) {
+        bool dynamicValue, localValue;
+        QString reply;
+        if (!bFlag(object, QStringLiteral("value"), false, &dynamicValue)
+            || !bFlag(object, QStringLiteral("local"), dynamicValue, &localValue)
+            || !bText(object, QStringLiteral("reply"), &reply))
+            return false;
+        node.setProperty("IDataBasicBool.DynamicValue", dynamicValue);
+        node.setProperty("IDataBasicBool.LocalValue", localValue);
+        if (!reply.isEmpty())
+            node.setProperty("IDataBasicBool.ActionReply", reply);
+        return true;
+    }
+    if (type == kEnum) {
+        const QJsonValue choices = object.value(QStringLiteral("choices"));
+        if (!choices.isArray())
+            return bFail(QStringLiteral("an enumeration needs \"choices\""));
+        QStringList list;
+        for (const QJsonValue& choice : choices.toArray()) {
+            if (!choice.isString())
+                return bFail(QStringLiteral("every choice must be a text"));
+            list << choice.toString();
+        }
+        QString dynamicValue = list.value(0);
+        if (!bText(object, QStringLiteral("value"), &dynamicValue))
+            return false;
+        QString localValue = dynamicValue;
+        if (!bText(object, QStringLiteral("local"), &localValue))
+            return false;
+        if (!list.contains(dynamicValue) || !list.contains(localValue))
+            return bFail(QStringLiteral("the value must be one of the choices"));
+        node.setProperty("IDataBasicEnum.EnumList", list);
+        node.setProperty("IDataBasicEnum.DynamicStringnifiedValue", dynamicValue);
+        node.setProperty("IDataBasicEnum.LocalStringnifiedValue", localValue);
+        return true;
+    }
+    if (type == kString) {
+        QString dynamicValue;
+        if (!bText(object, QStringLiteral("value"), &dynamicValue))
+            return false;
+        QString localValue = dynamicValue;
+        if (!bText(object, QStringLiteral("local"), &localValue))
+            return false;
+        node.setProperty("IDataBasicString.DynamicValue", dynamicValue);
+        node.setProperty("IDataBasicString.LocalValue", localValue);
+        return true;
+    }
+    if (!value.isUndefined() || !local.isUndefined())
+        return bFail(QStringLiteral("a node of type \"%1\" holds no value").arg(type));
+    return true;
+}
+
+bool JobBuilder::bApplyNumeric(DItem& node, const QJsonObject& object)
+{
+    const QString& type = node.iDataType();
+    QVariant value(0), local, min, max, step, dynamicMin, dynamicMax;
+    if (type == kInt64)
+        value = qlonglong(0);
+    else if (type == kDouble)
+        value = 0.0;
+    bool limitsEditable;
+    if (!bNumber(object, QStringLiteral("value"), type, &value)
+        || !bNumber(object, QStringLiteral("local"), type, &local)
+        || !bNumber(object, QStringLiteral("min"), type, &min)
+        || !bNumber(object, QStringLiteral("max"), type, &max)
+        || !bNumber(object, QStringLiteral("step"), type, &step)
+        || !bNumber(object, QStringLiteral("dynamicMin"), kDouble, &dynamicMin)
+        || !bNumber(object, QStringLiteral("dynamicMax"), kDouble, &dynamicMax)
+        || !bFlag(object, QStringLiteral("limitsEditable"), false, &limitsEditable))
+        return false;
+    if (min.isValid() && max.isValid() && min.toDouble() > max.toDouble())
+        return bFail(QStringLiteral("\"min\" lies above \"max\""));
+    if (step.isValid() && step.toDouble() <= 0)
+        return bFail(QStringLiteral("\"step\" must be positive"));
+    if (dynamicMin.isValid() != dynamicMax.isValid())
+        return bFail(QStringLiteral("\"dynamicMin\" and \"dynamicMax\" go together"));
+
+    node.setProperty("IData.IsNumeric", true);
+    node.setProperty("IData.NumericDynamic", dynamicMin.isValid());
+    node.setProperty("IDataNumeric.DynamicValue", value);
+    node.setProperty("IDataNumeric.LocalValue", local.isValid() ? local : value);
+    node.setProperty("IDataNumeric.LimitsEditable", limitsEditable);
+    if (min.isValid())
+        node.setProperty("IDataNumeric.LocalMin", min);
+    if (max.isValid())
+        node.setProperty("IDataNumeric.LocalMax", max);
+    if (step.isValid())
+        node.setProperty("IDataNumeric.LocalStep", step);
+    if (dynamicMin.isValid()) {
+        node.setProperty("IDataNumeric.DynamicMin", dynamicMin);
+        node.setProperty("IDataNumeric.DynamicMax", dynamicMax);
+    }
+    return true;
+}
+
+bool JobBuilder::bApplyPoint(DItem& node, const QJsonObject& object)
+{
+    static const char* const axes[] = {"X", "Y", "Z"};
+    for (const char* axis : axes) {
+        QVariant value;
+        if (!bNumber(object, QString::fromLatin1(axis).toLower(), kDouble, &value))
+            return false;
+        if (!value.isValid())
+            continue;
+        // The axes are nodes of their own that belong to the point; the point names them by
+        // address, as the host does.
+        auto* axisNode = new DItem(node.iDataPath() + '.' + QLatin1String(axis), kDouble,
+                                   node.ioType(), &node);
+        axisNode->setProperty("IData.Description", QString::fromLatin1(axis));
+        axisNode->setProperty("IData.IsGuiVisible", true);
+        axisNode->setProperty("IData.IsNumeric", true);
+        axisNode->setProperty("IDataNumeric.DynamicValue", value);
+        axisNode->setProperty("IDataNumeric.LocalValue", value);
+        axisNode->setEditable(node.isEditable());
+        axisNode->setProperty("iIsEditable", node.isEditable());
+        node.setProperty(QByteArray("IDataGeoPoint.") + axis,
+                         QVariant::fromValue(reinterpret_cast<qint64>(axisNode)));
+    }
+    return true;
+}
+
+bool JobBuilder::bApplyImage(Script::GraphicItems::WImage::Image& image, const QJsonObject& object)
+{
+    const QJsonValue size = object.value(QStringLiteral("image"));
+    if (!size.isUndefined()) {
+        const QJsonObject spec = size.toObject();
+        const int width = spec.value(QStringLiteral("width")).toInt(0);
+        const int height = spec.value(QStringLiteral("height")).toInt(0);
+        if (width <= 0 || height <= 0 || width > 4096 || height > 4096)
+            return bFail(QStringLiteral("\"image\" needs a width and height from 1 to 4096"));
+        const QColor color(spec.value(QStringLiteral("color")).toString());
+        // A soft gradient with a few shapes, so that previews show something to look at.
+        QImage picture(width, height, QImage::Format_RGB32);
+        QPainter painter(&picture);
+        QLinearGradient gradient(0, 0, width, height);
+        gradient.setColorAt(0, color.isValid() ? color.darker(250) : Qt::black);
+        gradient.setColorAt(1, color.isValid() ? color : Qt::gray);
+        painter.fillRect(picture.rect(), gradient);
+        painter.setPen(QPen(Qt::white, 2));
+        painter.drawEllipse(QPoint(width / 2, height / 2), width / 4, height / 4);
+        painter.drawRect(width / 8, height / 8, width / 5, height / 5);
+        painter.end();
+        image.setQImage(picture);
+    }
+    const QJsonValue mode = object.value(QStringLiteral("linkMode"));
+    if (!mode.isUndefined()) {
+        const int linkMode = mode.toInt(-1);
+        if (linkMode < 0 || linkMode > 2)
+            return bFail(QStringLiteral("\"linkMode\" must be 0, 1 or 2"));
+        image.setLinkMode(Script::GraphicItems::WImage::Image::LinkMode(linkMode));
+    }
+    const QJsonValue channels = object.value(QStringLiteral("channels"));
+    if (!channels.isUndefined() && !channels.isArray())
+        return bFail(QStringLiteral("\"channels\" must be a list"));
+    for (const QJsonValue& channel : channels.toArray()) {
+        if (!channel.isString() || channel.toString().isEmpty() || channel.toString().contains('.'))
+            return bFail(QStringLiteral("a channel needs a name without \".\""));
+        image.poAddChannel(channel.toString())->setLinkable(true);
+    }
+    return true;
+}
+
+bool JobBuilder::bApplyBinary(Script::BinaryItem& item, const QJsonObject& object)
+{
+    QString text, base64, fileName, extension, description;
+    if (!bText(object, QStringLiteral("text"), &text)
+        || !bText(object, QStringLiteral("base64"), &base64)
+        || !bText(object, QStringLiteral("fileName"), &fileName)
+        || !bText(object, QStringLiteral("extension"), &extension)
+        || !bText(object, QStringLiteral("fileDescription"), &description))
+        return false;
+    if (!text.isEmpty() && !base64.isEmpty())
+        return bFail(QStringLiteral("give either \"text\" or \"base64\""));
+    const auto decoded = QByteArray::fromBase64Encoding(base64.toLatin1(),
+                                                        QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded)
+        return bFail(QStringLiteral("\"base64\" is not valid base64"));
+    item.setBinaryData(text.isEmpty() ? *decoded : text.toUtf8());
+    if (!fileName.isEmpty()) {
+        item.setProperty("FileName", fileName);
+        item.setProperty("Extension", extension);
+        item.setProperty("Description", description);
+    }
+    return true;
+}
+
+} // namespace
+
+Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
+{
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
+    QString problem;
+    std::unique_ptr<DItem> root;
+    if (parseError.error != QJsonParseError::NoError) {
+        problem = QStringLiteral("not valid JSON at offset %1: %2")
+                      .arg(parseError.offset)
+                      .arg(parseError.errorString());
+    } else if (!document.isObject()) {
+        problem = QStringLiteral("a job must be a JSON object");
+    } else {
+        JobBuilder builder;
+        root = builder.poJob(document.object());
+        problem = builder.m_sError;
+    }
+    if (error)
+        *error = root ? QString() : problem;
+    return root.release();
+}
+
+Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return nullptr;
+    }
+    QString problem;
+    Script::DItem* root = poLoad(file.readAll(), &problem);
+    if (error && !root)
+        *error = QStringLiteral("%1: %2").arg(path, problem);
+    return root;
+}

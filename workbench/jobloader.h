@@ -1,0 +1,28 @@
+#ifndef JOBLOADER_H
+#define JOBLOADER_H
+
+#include <QByteArray>
+#include <QString>
+
+namespace Script {
+class DItem;
+}
+
+/// Builds a job, a tree of host nodes, from its JSON description.
+///
+/// The format is told in the README. A job file comes from outside the process, so every
+/// field is checked: a wrong document gives an error text and no job, never a half-built one.
+class JobLoader
+{
+public:
+    /// Returns the root node of the job described by @p json, owned by the caller, or null
+    /// with the reason in @p error.
+    static Script::DItem* poLoad(const QByteArray& json, QString* error);
+
+    /// Reads the file at @p path and loads it as poLoad() does.
+    static Script::DItem* poLoadFile(const QString& path, QString* error);
+
+    JobLoader() = delete;
+};
+
+#endif
