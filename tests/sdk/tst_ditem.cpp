@@ -6,6 +6,7 @@
 #include "testsupport.h"
 
 #include <QMetaEnum>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -290,6 +291,28 @@ private slots:
         delete first;
         QCOMPARE(root.childNodes(), QList<DItem*> {second});
         QCOMPARE(root.poFindNode(QStringLiteral("Job.A")), nullptr);
+    }
+
+    void deleteChildNodeLeavesTheChildrenKey()
+    {
+        DItem root(QStringLiteral("Job"), QStringLiteral("IDataModule"));
+        auto* first = new DItem(QStringLiteral("Job.A"), QStringLiteral("IDataBasicInt"));
+        auto* second = new DItem(QStringLiteral("Job.B"), QStringLiteral("IDataBasicInt"));
+        root.vAddChildNode(first);
+        root.vAddChildNode(second);
+        QPointer<DItem> watched(first);
+
+        DItem stranger(QStringLiteral("Other"), QStringLiteral("IDataModule"));
+        stranger.vDeleteChildNode(second);
+        QCOMPARE(root.childNodes(), (QList<DItem*> {first, second}));
+
+        root.vDeleteChildNode(first);
+        QVERIFY(watched.isNull());
+        const QVariantList addresses = root.property("IData.Children").toList();
+        QCOMPARE(addresses.size(), 1);
+        QCOMPARE(addresses.at(0).toULongLong(), qulonglong(reinterpret_cast<quintptr>(second)));
+        root.vDeleteChildNode(nullptr);
+        QCOMPARE(root.childNodes(), QList<DItem*> {second});
     }
 
     void addChildNodeRefusesNullAndItself()

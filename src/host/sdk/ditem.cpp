@@ -235,6 +235,17 @@ void DItem::vAddChildNode(DItem* child)
     setProperty("IData.Children", children);
 }
 
+void DItem::vDeleteChildNode(DItem* child)
+{
+    if (!child || child->parent() != this)
+        return;
+    const qulonglong address = reinterpret_cast<quintptr>(child);
+    QVariantList children = property("IData.Children").toList();
+    children.removeAll(QVariant::fromValue(address));
+    setProperty("IData.Children", children);
+    delete child;
+}
+
 QList<DItem*> DItem::childNodes() const
 {
     // The key is the host's record of the tree; a child deleted since only remains there as an

@@ -118,6 +118,10 @@ public:
     /// Makes @p child a child node of this one: this node takes ownership of it and lists its
     /// address under the dynamic key "IData.Children", as readers of the tree expect.
     void vAddChildNode(DItem* child);
+    /// Takes @p child out of "IData.Children" and deletes it; does nothing for a node that is
+    /// not a child of this one. Readers hold the addresses of that key, so a node must leave it
+    /// before it goes.
+    void vDeleteChildNode(DItem* child);
     /// The child nodes, in the order in which they were added; deleted ones are left out.
     QList<DItem*> childNodes() const;
     /// Returns the node at @p path among this node and its descendants, or null.

@@ -1,0 +1,404 @@
+#include "jobloader.h"
+#include "jobmodel.h"
+#include "testsupport.h"
+
+#include "sdk/binaryitem.h"
+#include "sdk/command.h"
+#include "sdk/ditem.h"
+#include "sdk/image.h"
+
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+
+using Script::DItem;
+namespace Command = VardeenDefs::PropertyEditor;
+
+namespace {
+
+// A small job with one node of each kind the model treats on its own.
+const char* const kJob = R"({
+  "name": "Job",
+  "modules": [
+    { "name": "Source", "nodes": [
+        { "name": "Int", "type": "IDataBasicInt", "io": "output", "value": 7 },
+        { "name": "Double", "type": "IDataBasicDouble", "io": "output", "value": 1.5 },
+        { "name": "Text", "type": "IDataBasicString", "io": "output", "value": "abc" },
+        { "name": "Picture", "type": "IDataImage", "io": "output",
+          "image": { "width": 8, "height": 4 } }
+    ] },
+    { "name": "Sink", "nodes": [
+        { "name": "Int", "type": "IDataBasicInt", "io": "input", "value": 3, "local": 3,
+          "min": 0, "max": 10, "step": 1 },
+        { "name": "Big", "type": "IDataBasicInt64", "io": "input", "value": "5",
+          "min": "-9223372036854775808", "max": "9223372036854775807" },
+        { "name": "Double", "type": "IDataBasicDouble", "io": "input", "value": 0.5 },
+        { "name": "Bool", "type": "IDataBasicBool", "io": "input", "value": false },
+        { "name": "Choice", "type": "IDataBasicEnum", "io": "input",
+          "choices": ["a", "b", "c"], "value": "a" },
+        { "name": "Text", "type": "IDataBasicString", "io": "input", "value": "x" },
+        { "name": "Picture", "type": "IDataImage", "io": "input" },
+        { "name": "Bytes", "type": "IDataBinary", "io": "setting", "text": "old" },
+        { "name": "File", "type": "IDataBinaryFile", "io": "setting" },
+        { "name": "Fixed", "type": "IDataBasicInt", "io": "setting", "value": 1 },
+        { "name": "Fielding", "type": "Group", "nodes": [
+            { "name": "Set", "type": "Group", "nodes": [
+                { "name": "A", "type": "IDataBasicString", "value": "1" } ] } ] }
+    ] }
+  ]
+})";
+
+} // namespace
+
+class TestJobModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void setValue_data();
+    void setValue();
+    void setValueRefusesWrongTypes_data();
+    void setValueRefusesWrongTypes();
+    void setValueReplacesALink();
+    void imagesAndBinaries();
+    void linksFollowTheirSource();
+    void linkRefusals_data();
+    void linkRefusals();
+    void clearingALinkRestoresTheLocalValue();
+    void linkErrorFollowsTheSource();
+    void limits();
+    void ocrFilters();
+    void renameMovesPathsAndLinks();
+    void renameRefusals_data();
+    void renameRefusals();
+    void deleteTakesTheNodeOutOfItsParent();
+    void visibilityAndColorMarking();
+
+private:
+    JobModel* m_poModel = nullptr;
+};
+
+void TestJobModel::initTestCase()
+{
+    TestSupport::failOnWarnings();
+}
+
+void TestJobModel::init()
+{
+    QString error;
+    DItem* root = JobLoader::poLoad(kJob, &error);
+    QVERIFY2(root, qPrintable(error));
+    m_poModel = new JobModel;
+    m_poModel->setJob(root);
+}
+
+void TestJobModel::cleanup()
+{
+    delete m_poModel;
+    m_poModel = nullptr;
+}
+
+void TestJobModel::setValue_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QVariant>("params");
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QVariant>("expected");
+
+    QTest::newRow("int") << "Job.Sink.Int" << QVariant(9) << QByteArray("IDataNumeric.LocalValue")
+                         << QVariant(9);
+    QTest::newRow("int clamped to the maximum")
+        << "Job.Sink.Int" << QVariant(11) << QByteArray("IDataNumeric.DynamicValue") << QVariant(10);
+    QTest::newRow("int clamped to the minimum")
+        << "Job.Sink.Int" << QVariant(-1) << QByteArray("IDataNumeric.LocalValue") << QVariant(0);
+    QTest::newRow("int64 at its top")
+        << "Job.Sink.Big" << QVariant(qlonglong(9223372036854775807LL))
+        << QByteArray("IDataNumeric.DynamicValue") << QVariant(qlonglong(9223372036854775807LL));
+    QTest::newRow("double") << "Job.Sink.Double" << QVariant(2.25)
+                            << QByteArray("IDataNumeric.DynamicValue") << QVariant(2.25);
+    QTest::newRow("bool") << "Job.Sink.Bool" << QVariant(true)
+                          << QByteArray("IDataBasicBool.LocalValue") << QVariant(true);
+    QTest::newRow("enum by text") << "Job.Sink.Choice" << QVariant("c")
+                                  << QByteArray("IDataBasicEnum.DynamicStringnifiedValue")
+                                  << QVariant("c");
+    QTest::newRow("enum by index") << "Job.Sink.Choice" << QVariant(1)
+                                   << QByteArray("IDataBasicEnum.LocalStringnifiedValue")
+                                   << QVariant("b");
+    QTest::newRow("string") << "Job.Sink.Text" << QVariant("hello\tworld")
+                            << QByteArray("IDataBasicString.DynamicValue")
+                            << QVariant("hello\tworld");
+}
+
+void TestJobModel::setValue()
+{
+    QFETCH(QString, path);
+    QFETCH(QVariant, params);
+    QFETCH(QByteArray, key);
+    QFETCH(QVariant, expected);
+    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QString error;
+    QVERIFY2(m_poModel->bApplyCommand(path, Command::SetValue, params, &error), qPrintable(error));
+    QCOMPARE(m_poModel->poNode(path)->property(key.constData()), expected);
+    QCOMPARE(changed.count(), 1);
+}
+
+void TestJobModel::setValueRefusesWrongTypes_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QVariant>("params");
+
+    QTest::newRow("int given a double") << "Job.Sink.Int" << QVariant(1.0);
+    QTest::newRow("int64 given an int") << "Job.Sink.Big" << QVariant(1);
+    QTest::newRow("double given a text") << "Job.Sink.Double" << QVariant("1");
+    QTest::newRow("enum given an unknown choice") << "Job.Sink.Choice" << QVariant("z");
+    QTest::newRow("image given bytes") << "Job.Sink.Picture" << QVariant(QByteArray("x"));
+    QTest::newRow("binary given a text") << "Job.Sink.Bytes" << QVariant("x");
+    QTest::newRow("binary file given bytes") << "Job.Sink.File" << QVariant(QByteArray("x"));
+    QTest::newRow("a node without value") << "Job.Sink" << QVariant(1);
+    QTest::newRow("no such node") << "Job.Nowhere" << QVariant(1);
+}
+
+void TestJobModel::setValueRefusesWrongTypes()
+{
+    QFETCH(QString, path);
+    QFETCH(QVariant, params);
+    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QString error;
+    QVERIFY(!m_poModel->bApplyCommand(path, Command::SetValue, params, &error));
+    QVERIFY(!error.isEmpty());
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestJobModel::setValueReplacesALink()
+{
+    QString error;
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Source.Int", &error));
+    DItem* sink = m_poModel->poNode("Job.Sink.Int");
+    QVERIFY(sink->isLinked());
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetValue, 3, &error));
+    QVERIFY(!sink->isLinked());
+    QVERIFY(sink->linkedPath().isEmpty());
+    QCOMPARE(sink->property("IDataNumeric.DynamicValue"), QVariant(3));
+}
+
+void TestJobModel::imagesAndBinaries()
+{
+    QString error;
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Picture", Command::SetValue, picture, &error));
+    auto* image = qobject_cast<Script::GraphicItems::WImage::Image*>(
+        m_poModel->poNode("Job.Sink.Picture"));
+    QCOMPARE(image->qImage(), picture);
+
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Bytes", Command::SetValue, QByteArray("new"),
+                                     &error));
+    auto* bytes = qobject_cast<Script::BinaryItem*>(m_poModel->poNode("Job.Sink.Bytes"));
+    QCOMPARE(bytes->binaryData(), QByteArray("new"));
+
+    const QVariantMap file {{"BinaryData", QByteArray("DXF")},
+                            {"FileName", "part.dxf"},
+                            {"Extension", "dxf"},
+                            {"Description", "A part"}};
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.File", Command::SetValue, file, &error));
+    auto* loaded = qobject_cast<Script::BinaryItem*>(m_poModel->poNode("Job.Sink.File"));
+    QCOMPARE(loaded->binaryData(), QByteArray("DXF"));
+    QCOMPARE(loaded->property("FileName"), QVariant("part.dxf"));
+    QCOMPARE(loaded->property("Description"), QVariant("A part"));
+
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Picture", Command::SetLink, "Job.Source.Picture",
+                                     &error));
+    QCOMPARE(image->qImage().size(), QSize(8, 4));
+}
+
+void TestJobModel::linksFollowTheirSource()
+{
+    QString error;
+    QVERIFY2(m_poModel->bApplyCommand("Job.Sink.Double", Command::SetLink, "Job.Source.Int",
+                                      &error),
+             qPrintable(error));
+    DItem* sink = m_poModel->poNode("Job.Sink.Double");
+    QCOMPARE(sink->linkedPath(), QStringLiteral("Job.Source.Int"));
+    QCOMPARE(sink->property("IDataNumeric.DynamicValue").toInt(), 7);
+    QCOMPARE(m_poModel->poNode("Job.Source.Int")->property("IData.LinksToMe").toStringList(),
+             QStringList("Job.Sink.Double"));
+
+    // A chain carries the value through, and a change of the source reaches its end.
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Sink.Double", &error));
+    QVERIFY(m_poModel->poNode("Job.Source.Int")->setProperty("IDataNumeric.DynamicValue", 8) == false);
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Text", Command::SetValue, QVariant("y"), &error));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IDataNumeric.DynamicValue").toInt(), 8);
+}
+
+void TestJobModel::linkRefusals_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("missing source") << "Job.Sink.Int" << "Job.Nowhere" << "no node at";
+    QTest::newRow("other type") << "Job.Sink.Bool" << "Job.Source.Int" << "cannot take";
+    QTest::newRow("to itself") << "Job.Sink.Int" << "Job.Sink.Int" << "circle";
+    QTest::newRow("not linkable") << "Job.Source.Int" << "Job.Sink.Int" << "takes no link";
+}
+
+void TestJobModel::linkRefusals()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, target);
+    QFETCH(QString, error);
+    QString problem;
+    QVERIFY(!m_poModel->bApplyCommand(path, Command::SetLink, target, &problem));
+    QVERIFY2(problem.contains(error), qPrintable(problem));
+    QVERIFY(!m_poModel->poNode(path)->isLinked());
+}
+
+void TestJobModel::clearingALinkRestoresTheLocalValue()
+{
+    QString error;
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Source.Int", &error));
+    DItem* sink = m_poModel->poNode("Job.Sink.Int");
+    QCOMPARE(sink->property("IDataNumeric.DynamicValue"), QVariant(7));
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, QString(), &error));
+    QVERIFY(!sink->isLinked());
+    QCOMPARE(sink->property("IDataNumeric.DynamicValue"), QVariant(3));
+    QVERIFY(!m_poModel->poNode("Job.Source.Int")->property("IData.LinksToMe").isValid());
+
+    // Around a circle: Int follows Double, so Double may not follow Int.
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Sink.Double", &error));
+    QVERIFY(!m_poModel->bApplyCommand("Job.Sink.Double", Command::SetLink, "Job.Sink.Int", &error));
+    QVERIFY(error.contains("circle"));
+}
+
+void TestJobModel::linkErrorFollowsTheSource()
+{
+    QString error;
+    DItem* source = m_poModel->poNode("Job.Source.Text");
+    source->setErrorState(true);
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Text", Command::SetLink, "Job.Source.Text", &error));
+    QVERIFY(m_poModel->poNode("Job.Sink.Text")->hasLinkError());
+    source->setErrorState(false);
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetValue, 1, &error));
+    QVERIFY(!m_poModel->poNode("Job.Sink.Text")->hasLinkError());
+    QCOMPARE(m_poModel->poNode("Job.Sink.Text")->property("IDataBasicString.DynamicValue"),
+             QVariant("abc"));
+}
+
+void TestJobModel::limits()
+{
+    QString error;
+    const QVariantMap limits {{"Min", 4}, {"Max", 6}};
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLimits, limits, &error));
+    DItem* sink = m_poModel->poNode("Job.Sink.Int");
+    QCOMPARE(sink->property("IDataNumeric.LocalMin"), QVariant(4));
+    QCOMPARE(sink->property("IDataNumeric.LocalMax"), QVariant(6));
+    QCOMPARE(sink->property("IDataNumeric.LocalValue"), QVariant(4));
+    QCOMPARE(sink->property("IDataNumeric.DynamicValue"), QVariant(4));
+
+    QVERIFY(!m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLimits,
+                                      QVariantMap {{"Min", 6}, {"Max", 4}}, &error));
+    QVERIFY(!m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLimits,
+                                      QVariantMap {{"Min", 1.0}, {"Max", 4.0}}, &error));
+    QVERIFY(!m_poModel->bApplyCommand("Job.Sink.Text", Command::SetLimits, limits, &error));
+    QCOMPARE(sink->property("IDataNumeric.LocalMin"), QVariant(4));
+
+    const QVariantMap wide {{"Min", qlonglong(-9223372036854775807LL - 1)},
+                            {"Max", qlonglong(-9223372036854775807LL)}};
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Big", Command::SetLimits, wide, &error));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Big")->property("IDataNumeric.LocalValue"),
+             QVariant(qlonglong(-9223372036854775807LL)));
+}
+
+void TestJobModel::ocrFilters()
+{
+    QSignalSpy structure(m_poModel, &JobModel::structureChanged);
+    QString error;
+    const QString filter = QStringLiteral("Job.Sink.Fielding.Set.A");
+    QVERIFY(m_poModel->bApplyCommand(filter, Command::SetValue, QStringList {"A", "digits"},
+                                     &error));
+    QCOMPARE(m_poModel->poNode(filter)->property("IDataBasicString.DynamicValue"),
+             QVariant("digits"));
+    QCOMPARE(structure.count(), 0);
+
+    QVERIFY(m_poModel->bApplyCommand(filter, Command::SetValue, QStringList {"B", "letters"},
+                                     &error));
+    DItem* added = m_poModel->poNode("Job.Sink.Fielding.Set.B");
+    QVERIFY(added);
+    QCOMPARE(added->property("IDataBasicString.LocalValue"), QVariant("letters"));
+    QCOMPARE(structure.count(), 1);
+    QVERIFY(!m_poModel->bApplyCommand(filter, Command::SetValue, QStringList {"A"}, &error));
+}
+
+void TestJobModel::renameMovesPathsAndLinks()
+{
+    QString error;
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Source.Int", &error));
+    QSignalSpy structure(m_poModel, &JobModel::structureChanged);
+    DItem* source = m_poModel->poNode("Job.Source");
+    QVERIFY2(m_poModel->bRename(source, QStringLiteral("  Camera "), &error), qPrintable(error));
+    QCOMPARE(structure.count(), 1);
+    QCOMPARE(source->iDataPath(), QStringLiteral("Job.Camera"));
+    QCOMPARE(source->unTranslatedName(), QStringLiteral("Camera"));
+    QVERIFY(!m_poModel->poNode("Job.Source.Int"));
+    QCOMPARE(m_poModel->poNode("Job.Camera.Int")->iDataPath(), QStringLiteral("Job.Camera.Int"));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Int")->linkedPath(), QStringLiteral("Job.Camera.Int"));
+    // A name that only starts like the old one keeps its path.
+    QCOMPARE(m_poModel->poNode("Job.Sink")->iDataPath(), QStringLiteral("Job.Sink"));
+}
+
+void TestJobModel::renameRefusals_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("blank") << "Job.Sink" << "   " << "must not be empty";
+    QTest::newRow("dot") << "Job.Sink" << "a.b" << "must not be empty";
+    QTest::newRow("taken") << "Job.Sink" << "Source" << "exists already";
+    QTest::newRow("not renamable") << "Job.Sink.Int" << "Other" << "cannot be renamed";
+}
+
+void TestJobModel::renameRefusals()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, name);
+    QFETCH(QString, error);
+    QString problem;
+    QVERIFY(!m_poModel->bRename(m_poModel->poNode(path), name, &problem));
+    QVERIFY2(problem.contains(error), qPrintable(problem));
+    QVERIFY(m_poModel->poNode(path));
+}
+
+void TestJobModel::deleteTakesTheNodeOutOfItsParent()
+{
+    QString error;
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Source.Int", &error));
+    DItem* root = m_poModel->poRoot();
+    QVERIFY(m_poModel->bDelete("Job.Source", &error));
+    QVERIFY(!m_poModel->poNode("Job.Source"));
+    QVERIFY(!m_poModel->poNode("Job.Source.Int"));
+    QCOMPARE(root->property("IData.Children").toList().size(), 1);
+    QVERIFY(!m_poModel->poNode("Job.Sink.Int")->isLinked());
+
+    QVERIFY(!m_poModel->bDelete("Job.Sink.Int", &error));
+    QVERIFY(error.contains("cannot be deleted"));
+    QVERIFY(!m_poModel->bDelete("Job", &error));
+}
+
+void TestJobModel::visibilityAndColorMarking()
+{
+    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QVERIFY(m_poModel->bSetVisible("Job.Sink.Int", false));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IData.IsGuiVisible"), QVariant(false));
+    QVERIFY(m_poModel->bSetColorMarking("Job.Sink.Int", true));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IData.UseForColorMarking"),
+             QVariant(true));
+    QVERIFY(!m_poModel->bSetVisible("Job.None", true));
+    QCOMPARE(changed.count(), 2);
+}
+
+QTEST_GUILESS_MAIN(TestJobModel)
+#include "tst_jobmodel.moc"

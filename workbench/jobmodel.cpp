@@ -1,0 +1,423 @@
+#include "jobmodel.h"
+
+#include "sdk/binaryitem.h"
+#include "sdk/command.h"
+#include "sdk/ditem.h"
+#include "sdk/image.h"
+
+#include <QImage>
+#include <QSet>
+
+#include <algorithm>
+#include <functional>
+
+using Script::DItem;
+using Image = Script::GraphicItems::WImage::Image;
+namespace Command = VardeenDefs::PropertyEditor;
+
+namespace {
+
+const QString kInt = QStringLiteral("IDataBasicInt");
+const QString kInt64 = QStringLiteral("IDataBasicInt64");
+const QString kDouble = QStringLiteral("IDataBasicDouble");
+const QString kBool = QStringLiteral("IDataBasicBool");
+const QString kEnum = QStringLiteral("IDataBasicEnum");
+const QString kString = QStringLiteral("IDataBasicString");
+const QString kBinaryFile = QStringLiteral("IDataBinaryFile");
+
+bool isNumeric(const QString& type)
+{
+    return type == kInt || type == kInt64 || type == kDouble;
+}
+
+bool isOcrFilter(const DItem& node)
+{
+    return node.iDataType() == kString && node.ioType() == DItem::IoNone
+        && node.iDataPath().contains(QLatin1String("Fielding.Set."));
+}
+
+// The two keys under which a value type keeps its effective and its local value.
+struct ValueKeys
+{
+    const char* dynamicKey;
+    const char* localKey;
+};
+
+ValueKeys valueKeys(const QString& type)
+{
+    if (isNumeric(type))
+        return {"IDataNumeric.DynamicValue", "IDataNumeric.LocalValue"};
+    if (type == kBool)
+        return {"IDataBasicBool.DynamicValue", "IDataBasicBool.LocalValue"};
+    if (type == kEnum)
+        return {"IDataBasicEnum.DynamicStringnifiedValue", "IDataBasicEnum.LocalStringnifiedValue"};
+    if (type == kString)
+        return {"IDataBasicString.DynamicValue", "IDataBasicString.LocalValue"};
+    return {nullptr, nullptr};
+}
+
+// The meta type that a value of @p type travels in.
+int valueMetaType(const QString& type)
+{
+    if (type == kInt)
+        return QMetaType::Int;
+    if (type == kInt64)
+        return QMetaType::LongLong;
+    if (type == kDouble)
+        return QMetaType::Double;
+    if (type == kBool)
+        return QMetaType::Bool;
+    return QMetaType::QString;
+}
+
+// Orders two numbers of a node's type; 64-bit values are compared as integers, so that no
+// precision is lost near the ends of their range.
+bool lessThan(const QString& type, const QVariant& a, const QVariant& b)
+{
+    if (type == kDouble)
+        return a.toDouble() < b.toDouble();
+    return a.toLongLong() < b.toLongLong();
+}
+
+QVariant clamped(const DItem& node, const QVariant& value)
+{
+    const QVariant min = node.property("IDataNumeric.LocalMin");
+    const QVariant max = node.property("IDataNumeric.LocalMax");
+    const QString& type = node.iDataType();
+    if (min.isValid() && lessThan(type, value, min))
+        return min;
+    if (max.isValid() && lessThan(type, max, value))
+        return max;
+    return value;
+}
+
+bool refuse(QString* error, const QString& why)
+{
+    if (error)
+        *error = why;
+    return false;
+}
+
+} // namespace
+
+JobModel::JobModel(QObject* parent)
+    : QObject(parent)
+{ }
+
+JobModel::~JobModel() = default;
+
+void JobModel::setJob(DItem* root)
+{
+    m_oScene.setRootItem(root);
+    vIndex();
+    vFollowLinks();
+    emit structureChanged();
+}
+
+Containers::Scene* JobModel::poScene()
+{
+    return &m_oScene;
+}
+
+DItem* JobModel::poRoot() const
+{
+    return m_oScene.poRootItem();
+}
+
+DItem* JobModel::poNode(const QString& path) const
+{
+    return m_hNodes.value(path);
+}
+
+void JobModel::vIndex()
+{
+    m_hNodes.clear();
+    QList<DItem*> pending;
+    if (DItem* root = poRoot())
+        pending.append(root);
+    while (!pending.isEmpty()) {
+        DItem* node = pending.takeLast();
+        m_hNodes.insert(node->iDataPath(), node);
+        pending.append(node->childNodes());
+        if (auto* image = qobject_cast<Image*>(node)) {
+            for (DItem* channel : image->channelList()) {
+                if (channel)
+                    m_hNodes.insert(channel->iDataPath(), channel);
+            }
+        }
+        for (const char* axis : {"IDataGeoPoint.X", "IDataGeoPoint.Y", "IDataGeoPoint.Z"}) {
+            const QVariant address = node->property(axis);
+            if (address.isValid())
+                pending.append(reinterpret_cast<DItem*>(address.toLongLong()));
+        }
+    }
+}
+
+void JobModel::vFollowLinks()
+{
+    QHash<QString, QStringList> linksTo;
+    for (DItem* node : qAsConst(m_hNodes)) {
+        if (node->isLinked())
+            linksTo[node->linkedPath()].append(node->iDataPath());
+    }
+    for (DItem* node : qAsConst(m_hNodes)) {
+        QStringList linkers = linksTo.value(node->iDataPath());
+        std::sort(linkers.begin(), linkers.end());
+        node->setProperty("IData.LinksToMe", linkers.isEmpty() ? QVariant() : QVariant(linkers));
+    }
+
+    // A linked value is its source's value; sources are settled first, so a chain of links
+    // carries a value through in one pass. Cycles are refused when a link is made.
+    QSet<DItem*> settled;
+    std::function<void(DItem*)> settle = [&](DItem* node) {
+        if (settled.contains(node))
+            return;
+        settled.insert(node);
+        DItem* source = node->isLinked() ? poNode(node->linkedPath()) : nullptr;
+        if (!source)
+            return;
+        settle(source);
+        node->setLinkError(source->hasErrorState() || source->hasLinkError());
+        const ValueKeys keys = valueKeys(node->iDataType());
+        const ValueKeys sourceKeys = valueKeys(source->iDataType());
+        if (keys.dynamicKey && sourceKeys.dynamicKey)
+            node->setProperty(keys.dynamicKey, source->property(sourceKeys.dynamicKey));
+        auto* image = qobject_cast<Image*>(node);
+        auto* sourceImage = qobject_cast<Image*>(source);
+        if (image && sourceImage)
+            image->setQImage(sourceImage->sourceImage());
+    };
+    for (DItem* node : qAsConst(m_hNodes))
+        settle(node);
+}
+
+bool JobModel::bApplyCommand(const QString& path, int command, const QVariant& params,
+                             QString* error)
+{
+    DItem* node = poNode(path);
+    if (!node)
+        return refuse(error, QStringLiteral("no node at %1").arg(path));
+    bool applied = false;
+    switch (command) {
+    case Command::SetValue:
+        applied = bSetValue(*node, params, error);
+        break;
+    case Command::SetLink:
+        applied = bSetLink(*node, params.toString(), error);
+        break;
+    case Command::SetLimits:
+        applied = bSetLimits(*node, params, error);
+        break;
+    case Command::SelectLink:
+        // A preview of the candidate is a matter of the host's views; the job keeps nothing.
+        return params.canConvert<QString>() || refuse(error, QStringLiteral("no path given"));
+    default:
+        return refuse(error, QStringLiteral("unknown command %1").arg(command));
+    }
+    if (applied) {
+        vFollowLinks();
+        emit valuesChanged();
+    }
+    return applied;
+}
+
+bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
+{
+    const QString& type = node.iDataType();
+    if (isOcrFilter(node)) {
+        const QStringList filter = params.toStringList();
+        if (params.userType() != QMetaType::QStringList || filter.size() != 2 || filter.at(0).isEmpty()
+            || filter.at(0).contains('.'))
+            return refuse(error, QStringLiteral("an OCR filter takes a name and a value"));
+        // The filter's name is the last segment of its path; another name makes a new filter.
+        DItem* target = &node;
+        if (filter.at(0) != node.unTranslatedName()) {
+            const QString parentPath = node.iDataPath().section('.', 0, -2);
+            target = poNode(parentPath + '.' + filter.at(0));
+            if (!target) {
+                DItem* parent = poNode(parentPath);
+                if (!parent)
+                    return refuse(error, QStringLiteral("no node at %1").arg(parentPath));
+                target = new DItem(parentPath + '.' + filter.at(0), kString, DItem::IoNone);
+                target->setEditable(true);
+                target->setProperty("iIsEditable", true);
+                target->setProperty("IData.IsGuiVisible", true);
+                target->setProperty("IData.Description", filter.at(0));
+                parent->vAddChildNode(target);
+                m_hNodes.insert(target->iDataPath(), target);
+                emit structureChanged();
+            }
+        }
+        target->setProperty("IDataBasicString.DynamicValue", filter.at(1));
+        target->setProperty("IDataBasicString.LocalValue", filter.at(1));
+        return true;
+    }
+
+    if (auto* image = qobject_cast<Image*>(&node)) {
+        if (params.userType() != QMetaType::QImage)
+            return refuse(error, QStringLiteral("an image takes a QImage"));
+        image->setQImage(params.value<QImage>());
+    } else if (auto* binary = qobject_cast<Script::BinaryItem*>(&node)) {
+        if (type == kBinaryFile) {
+            if (params.userType() != QMetaType::QVariantMap)
+                return refuse(error, QStringLiteral("a binary file takes a map"));
+            const QVariantMap file = params.toMap();
+            binary->setBinaryData(file.value(QStringLiteral("BinaryData")).toByteArray());
+            for (const char* key : {"FileName", "Extension", "Description"})
+                binary->setProperty(key, file.value(QLatin1String(key)).toString());
+        } else {
+            if (params.userType() != QMetaType::QByteArray)
+                return refuse(error, QStringLiteral("binary data takes a QByteArray"));
+            binary->setBinaryData(params.toByteArray());
+        }
+    } else {
+        const ValueKeys keys = valueKeys(type);
+        if (!keys.localKey)
+            return refuse(error, QStringLiteral("a node of type %1 holds no value").arg(type));
+        QVariant value = params;
+        if (type == kEnum && params.userType() == QMetaType::Int)
+            value = node.property("IDataBasicEnum.EnumList").toStringList().value(params.toInt());
+        if (value.userType() != valueMetaType(type))
+            return refuse(error, QStringLiteral("%1 does not take a value of type %2")
+                                     .arg(type, QString::fromLatin1(params.typeName())));
+        if (type == kEnum
+            && !node.property("IDataBasicEnum.EnumList").toStringList().contains(value.toString()))
+            return refuse(error, QStringLiteral("%1 is not one of the choices").arg(value.toString()));
+        if (isNumeric(type))
+            value = clamped(node, value);
+        node.setProperty(keys.localKey, value);
+        node.setProperty(keys.dynamicKey, value);
+    }
+    // Setting a value on a linked node replaces the link.
+    node.setLinked(false);
+    node.setLinkedPath(QString());
+    return true;
+}
+
+bool JobModel::bSetLink(DItem& node, const QString& target, QString* error)
+{
+    if (!node.isLinkable())
+        return refuse(error, QStringLiteral("%1 takes no link").arg(node.iDataPath()));
+    if (target.isEmpty()) {
+        node.setLinked(false);
+        node.setLinkedPath(QString());
+        node.setLinkError(false);
+        const ValueKeys keys = valueKeys(node.iDataType());
+        if (keys.dynamicKey)
+            node.setProperty(keys.dynamicKey, node.property(keys.localKey));
+        return true;
+    }
+    DItem* source = poNode(target);
+    if (!source)
+        return refuse(error, QStringLiteral("no node at %1").arg(target));
+    const bool compatible = source->iDataType() == node.iDataType()
+        || (isNumeric(source->iDataType()) && isNumeric(node.iDataType()));
+    if (!compatible)
+        return refuse(error, QStringLiteral("%1 cannot take a value of type %2")
+                                 .arg(node.iDataPath(), source->iDataType()));
+    for (DItem* step = source; step; step = step->isLinked() ? poNode(step->linkedPath()) : nullptr) {
+        if (step == &node)
+            return refuse(error, QStringLiteral("the link would go round in a circle"));
+    }
+    node.setLinked(true);
+    node.setLinkedPath(target);
+    return true;
+}
+
+bool JobModel::bSetLimits(DItem& node, const QVariant& params, QString* error)
+{
+    const QString& type = node.iDataType();
+    if (!isNumeric(type))
+        return refuse(error, QStringLiteral("%1 has no limits").arg(node.iDataPath()));
+    const QVariantMap limits = params.toMap();
+    const QVariant min = limits.value(QStringLiteral("Min"));
+    const QVariant max = limits.value(QStringLiteral("Max"));
+    if (params.userType() != QMetaType::QVariantMap || min.userType() != valueMetaType(type)
+        || max.userType() != valueMetaType(type))
+        return refuse(error, QStringLiteral("limits are a map of \"Min\" and \"Max\" of the type"));
+    if (lessThan(type, max, min))
+        return refuse(error, QStringLiteral("the minimum lies above the maximum"));
+    node.setProperty("IDataNumeric.LocalMin", min);
+    node.setProperty("IDataNumeric.LocalMax", max);
+    const QVariant local = clamped(node, node.property("IDataNumeric.LocalValue"));
+    node.setProperty("IDataNumeric.LocalValue", local);
+    if (!node.isLinked())
+        node.setProperty("IDataNumeric.DynamicValue", local);
+    return true;
+}
+
+bool JobModel::bRename(DItem* node, const QString& name, QString* error)
+{
+    if (!node || !m_hNodes.contains(node->iDataPath()))
+        return refuse(error, QStringLiteral("no such node"));
+    if (!node->isRenamingAllowed())
+        return refuse(error, QStringLiteral("%1 cannot be renamed").arg(node->iDataPath()));
+    const QString trimmed = name.trimmed();
+    if (trimmed.isEmpty() || trimmed.contains('.'))
+        return refuse(error, QStringLiteral("a name must not be empty nor hold \".\""));
+    const QString oldPath = node->iDataPath();
+    const int cut = oldPath.lastIndexOf('.');
+    const QString newPath = (cut < 0 ? QString() : oldPath.left(cut + 1)) + trimmed;
+    if (newPath == oldPath)
+        return true;
+    if (m_hNodes.contains(newPath))
+        return refuse(error, QStringLiteral("%1 exists already").arg(newPath));
+
+    // Every path at or below the node changes its prefix, and so do links that name them.
+    auto moved = [&](const QString& path) {
+        if (path == oldPath || path.startsWith(oldPath + '.'))
+            return newPath + path.mid(oldPath.size());
+        return path;
+    };
+    for (DItem* each : qAsConst(m_hNodes)) {
+        each->setDataPath(moved(each->iDataPath()));
+        if (each->isLinked())
+            each->setLinkedPath(moved(each->linkedPath()));
+    }
+    node->setUnTranslatedName(trimmed);
+    node->setProperty("IData.Description", trimmed);
+    vIndex();
+    vFollowLinks();
+    emit structureChanged();
+    return true;
+}
+
+bool JobModel::bDelete(const QString& path, QString* error)
+{
+    DItem* node = poNode(path);
+    if (!node)
+        return refuse(error, QStringLiteral("no node at %1").arg(path));
+    auto* parent = qobject_cast<DItem*>(node->parent());
+    if (!node->isDeletable() || !parent || !parent->childNodes().contains(node))
+        return refuse(error, QStringLiteral("%1 cannot be deleted").arg(path));
+    parent->vDeleteChildNode(node);
+    vIndex();
+    // Links into the deleted part have nothing to follow any more.
+    for (DItem* each : qAsConst(m_hNodes)) {
+        if (each->isLinked() && !m_hNodes.contains(each->linkedPath()))
+            bSetLink(*each, QString(), nullptr);
+    }
+    vFollowLinks();
+    emit structureChanged();
+    return true;
+}
+
+bool JobModel::bSetVisible(const QString& path, bool visible)
+{
+    DItem* node = poNode(path);
+    if (!node)
+        return false;
+    node->setProperty("IData.IsGuiVisible", visible);
+    emit valuesChanged();
+    return true;
+}
+
+bool JobModel::bSetColorMarking(const QString& path, bool use)
+{
+    DItem* node = poNode(path);
+    if (!node)
+        return false;
+    node->setProperty("IData.UseForColorMarking", use);
+    emit valuesChanged();
+    return true;
+}

@@ -1,0 +1,68 @@
+#ifndef JOBMODEL_H
+#define JOBMODEL_H
+
+#include "sdk/scene.h"
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+namespace Script {
+class DItem;
+}
+
+/// The workbench's job: its nodes, and the host's answers to the plug-in's change requests.
+///
+/// Every change goes through here, so that the rules a host keeps hold everywhere: a node
+/// found by path in constant time, linked values that follow their source, "IData.LinksToMe"
+/// kept up to date, a local value that stays within its limits.
+class JobModel : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Makes a model without a job.
+    explicit JobModel(QObject* parent = nullptr);
+    ~JobModel() override;
+
+    /// Replaces the job by the tree under @p root; the model takes ownership.
+    void setJob(Script::DItem* root);
+    /// The scene that holds the job, as the plug-in receives it.
+    Containers::Scene* poScene();
+    /// The job's root node, or null.
+    Script::DItem* poRoot() const;
+    /// The node at @p path, or null.
+    Script::DItem* poNode(const QString& path) const;
+
+    /// Applies an edit command of the plug-in to the node at @p path. On refusal returns false
+    /// and says why in @p error; nothing is changed then.
+    bool bApplyCommand(const QString& path, int command, const QVariant& params,
+                       QString* error);
+    /// Renames @p node; the paths below it and the links to them follow.
+    bool bRename(Script::DItem* node, const QString& name, QString* error);
+    /// Deletes the node at @p path with everything below it; links to it are cleared.
+    bool bDelete(const QString& path, QString* error);
+    /// Shows or hides the node at @p path in the normal view.
+    bool bSetVisible(const QString& path, bool visible);
+    /// Marks whether the node at @p path gives the colour feedback.
+    bool bSetColorMarking(const QString& path, bool use);
+
+signals:
+    /// Values or states of nodes changed; the views refresh what they show.
+    void valuesChanged();
+    /// Nodes were renamed or deleted; views that hold nodes must build them again.
+    void structureChanged();
+
+private:
+    bool bSetValue(Script::DItem& node, const QVariant& params, QString* error);
+    bool bSetLink(Script::DItem& node, const QString& target, QString* error);
+    bool bSetLimits(Script::DItem& node, const QVariant& params, QString* error);
+    void vIndex();
+    void vFollowLinks();
+
+    Containers::Scene m_oScene;
+    QHash<QString, Script::DItem*> m_hNodes;
+};
+
+#endif
