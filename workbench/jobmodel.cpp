@@ -226,8 +226,8 @@ bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
     const QString& type = node.iDataType();
     if (isOcrFilter(node)) {
         const QStringList filter = params.toStringList();
-        if (params.userType() != QMetaType::QStringList || filter.size() != 2 || filter.at(0).isEmpty()
-            || filter.at(0).contains('.'))
+        if (params.userType() != QMetaType::QStringList || filter.size() != 2
+            || filter.at(0).isEmpty() || filter.at(0).contains('.'))
             return refuse(error, QStringLiteral("an OCR filter takes a name and a value"));
         // The filter's name is the last segment of its path; another name makes a new filter.
         DItem* target = &node;
@@ -278,11 +278,13 @@ bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
         if (type == kEnum && params.userType() == QMetaType::Int)
             value = node.property("IDataBasicEnum.EnumList").toStringList().value(params.toInt());
         if (value.userType() != valueMetaType(type))
-            return refuse(error, QStringLiteral("%1 does not take a value of type %2")
-                                     .arg(type, QString::fromLatin1(params.typeName())));
+            return refuse(error,
+                          QStringLiteral("%1 does not take a value of type %2")
+                              .arg(type, QString::fromLatin1(params.typeName())));
         if (type == kEnum
             && !node.property("IDataBasicEnum.EnumList").toStringList().contains(value.toString()))
-            return refuse(error, QStringLiteral("%1 is not one of the choices").arg(value.toString()));
+            return refuse(error,
+                          QStringLiteral("%1 is not one of the choices").arg(value.toString()));
         if (isNumeric(type))
             value = clamped(node, value);
         node.setProperty(keys.localKey, value);
@@ -313,9 +315,11 @@ bool JobModel::bSetLink(DItem& node, const QString& target, QString* error)
     const bool compatible = source->iDataType() == node.iDataType()
         || (isNumeric(source->iDataType()) && isNumeric(node.iDataType()));
     if (!compatible)
-        return refuse(error, QStringLiteral("%1 cannot take a value of type %2")
-                                 .arg(node.iDataPath(), source->iDataType()));
-    for (DItem* step = source; step; step = step->isLinked() ? poNode(step->linkedPath()) : nullptr) {
+        return refuse(error,
+                      QStringLiteral("%1 cannot take a value of type %2")
+                          .arg(node.iDataPath(), source->iDataType()));
+    for (DItem* step = source; step;
+         step = step->isLinked() ? poNode(step->linkedPath()) : nullptr) {
         if (step == &node)
             return refuse(error, QStringLiteral("the link would go round in a circle"));
     }

@@ -37,8 +37,7 @@ public:
 
     /// Applies an edit command of the plug-in to the node at @p path. On refusal returns false
     /// and says why in @p error; nothing is changed then.
-    bool bApplyCommand(const QString& path, int command, const QVariant& params,
-                       QString* error);
+    bool bApplyCommand(const QString& path, int command, const QVariant& params, QString* error);
     /// Renames @p node; the paths below it and the links to them follow.
     bool bRename(Script::DItem* node, const QString& name, QString* error);
     /// Deletes the node at @p path with everything below it; links to it are cleared.
