@@ -5,7 +5,10 @@
 #include "sdk/ditem.h"
 #include "sdk/image.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
+#include <QSaveFile>
 #include <QSet>
 
 #include <algorithm>
@@ -422,6 +425,85 @@ bool JobModel::bSetColorMarking(const QString& path, bool use)
     if (!node)
         return false;
     node->setProperty("IData.UseForColorMarking", use);
+    emit valuesChanged();
+    return true;
+}
+
+bool JobModel::bRefreshNode(const QString& path)
+{
+    DItem* node = poNode(path);
+    if (!node)
+        return false;
+    vFollowLinks();
+    if (node->isLinkable()) {
+        // Offered are the nodes whose values this one can take, except itself and those that
+        // follow it already; shown with icons are those nodes and the modules above them.
+        Script::DItemListPair acceptable;
+        QSet<DItem*> iconNodes;
+        for (DItem* candidate : qAsConst(m_hNodes)) {
+            if (candidate == node || candidate->ioType() == DItem::IoInput)
+                continue;
+            const bool compatible = candidate->iDataType() == node->iDataType()
+                || (isNumeric(candidate->iDataType()) && isNumeric(node->iDataType()));
+            bool followsNode = false;
+            for (DItem* step = candidate; step && !followsNode;
+                 step = step->isLinked() ? poNode(step->linkedPath()) : nullptr)
+                followsNode = step == node;
+            if (!compatible || followsNode)
+                continue;
+            acceptable.first.append(candidate);
+            for (QObject* up = candidate; qobject_cast<DItem*>(up); up = up->parent())
+                iconNodes.insert(static_cast<DItem*>(up));
+        }
+        auto byPath = [](const DItem* a, const DItem* b) { return a->iDataPath() < b->iDataPath(); };
+        std::sort(acceptable.first.begin(), acceptable.first.end(), byPath);
+        acceptable.second = iconNodes.values();
+        std::sort(acceptable.second.begin(), acceptable.second.end(), byPath);
+        node->setProperty("IData.AcceptableLinks", QVariant::fromValue(acceptable));
+    }
+    emit valuesChanged();
+    return true;
+}
+
+bool JobModel::bLoadFile(const QString& path, const QString& filePath, QString* error)
+{
+    auto* binary = qobject_cast<Script::BinaryItem*>(poNode(path));
+    if (!binary)
+        return refuse(error, QStringLiteral("no binary node at %1").arg(path));
+    QFile file(filePath);
+    if (!file.open(QIODevice::ReadOnly))
+        return refuse(error, QStringLiteral("%1: %2").arg(filePath, file.errorString()));
+    binary->setBinaryData(file.readAll());
+    if (binary->iDataType() == kBinaryFile) {
+        const QFileInfo info(filePath);
+        binary->setProperty("FileName", info.fileName());
+        binary->setProperty("Extension", info.suffix());
+        binary->setProperty("Description", info.completeBaseName());
+    }
+    emit valuesChanged();
+    return true;
+}
+
+bool JobModel::bSaveFile(const QString& path, const QString& filePath, QString* error)
+{
+    auto* binary = qobject_cast<Script::BinaryItem*>(poNode(path));
+    if (!binary)
+        return refuse(error, QStringLiteral("no binary node at %1").arg(path));
+    QSaveFile file(filePath);
+    if (!file.open(QIODevice::WriteOnly) || file.write(binary->binaryData()) < 0 || !file.commit())
+        return refuse(error, QStringLiteral("%1: %2").arg(filePath, file.errorString()));
+    return true;
+}
+
+bool JobModel::bUnloadFile(const QString& path, QString* error)
+{
+    auto* binary = qobject_cast<Script::BinaryItem*>(poNode(path));
+    if (!binary)
+        return refuse(error, QStringLiteral("no binary node at %1").arg(path));
+    binary->setBinaryData(QByteArray());
+    // A null file name is what shows "Not Loaded".
+    for (const char* key : {"FileName", "Extension", "Description"})
+        binary->setProperty(key, QVariant());
     emit valuesChanged();
     return true;
 }

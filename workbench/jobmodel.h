@@ -46,6 +46,16 @@ public:
     bool bSetVisible(const QString& path, bool visible);
     /// Marks whether the node at @p path gives the colour feedback.
     bool bSetColorMarking(const QString& path, bool use);
+    /// Brings the node at @p path up to date before an editor opens on it: its linked value
+    /// and the nodes it may be linked to ("IData.AcceptableLinks").
+    bool bRefreshNode(const QString& path);
+
+    /// Reads the file at @p filePath into the binary node at @p path.
+    bool bLoadFile(const QString& path, const QString& filePath, QString* error);
+    /// Writes the bytes of the binary node at @p path to the file at @p filePath.
+    bool bSaveFile(const QString& path, const QString& filePath, QString* error);
+    /// Empties the binary node at @p path.
+    bool bUnloadFile(const QString& path, QString* error);
 
 signals:
     /// Values or states of nodes changed; the views refresh what they show.

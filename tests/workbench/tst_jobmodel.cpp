@@ -9,6 +9,7 @@
 
 #include <QImage>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using Script::DItem;
@@ -77,6 +78,8 @@ private slots:
     void renameRefusals();
     void deleteTakesTheNodeOutOfItsParent();
     void visibilityAndColorMarking();
+    void acceptableLinks();
+    void files();
 
 private:
     JobModel* m_poModel = nullptr;
@@ -416,6 +419,66 @@ void TestJobModel::visibilityAndColorMarking()
              QVariant(true));
     QVERIFY(!m_poModel->bSetVisible("Job.None", true));
     QCOMPARE(changed.count(), 2);
+}
+
+void TestJobModel::acceptableLinks()
+{
+    QString error;
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Double", Command::SetLink, "Job.Sink.Int", &error));
+    QVERIFY(m_poModel->bRefreshNode("Job.Sink.Int"));
+    const auto pair = m_poModel->poNode("Job.Sink.Int")
+                          ->property("IData.AcceptableLinks")
+                          .value<Script::DItemListPair>();
+    QStringList offered;
+    for (const DItem* node : pair.first)
+        offered << node->iDataPath();
+    // Numbers of any kind that are not inputs; the double follows the node and would close a
+    // circle, so it is left out.
+    QCOMPARE(offered, QStringList({"Job.Source.Double", "Job.Source.Int"}));
+    QStringList shown;
+    for (const DItem* node : pair.second)
+        shown << node->iDataPath();
+    QCOMPARE(shown, QStringList({"Job", "Job.Source", "Job.Source.Double", "Job.Source.Int"}));
+
+    QVERIFY(m_poModel->bRefreshNode("Job.Sink.Bool"));
+    QVERIFY(m_poModel->poNode("Job.Sink.Bool")
+                ->property("IData.AcceptableLinks")
+                .value<Script::DItemListPair>()
+                .first.isEmpty());
+    QVERIFY(!m_poModel->bRefreshNode("Job.None"));
+}
+
+void TestJobModel::files()
+{
+    QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    const QString source = folder.filePath("model.dxf");
+    QFile file(source);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("0\nEOF\n");
+    file.close();
+
+    QString error;
+    QVERIFY2(m_poModel->bLoadFile("Job.Sink.File", source, &error), qPrintable(error));
+    auto* binary = qobject_cast<Script::BinaryItem*>(m_poModel->poNode("Job.Sink.File"));
+    QCOMPARE(binary->binaryData(), QByteArray("0\nEOF\n"));
+    QCOMPARE(binary->property("FileName"), QVariant("model.dxf"));
+    QCOMPARE(binary->property("Extension"), QVariant("dxf"));
+
+    const QString copy = folder.filePath("copy.dxf");
+    QVERIFY(m_poModel->bSaveFile("Job.Sink.File", copy, &error));
+    QFile written(copy);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QCOMPARE(written.readAll(), QByteArray("0\nEOF\n"));
+
+    QVERIFY(m_poModel->bUnloadFile("Job.Sink.File", &error));
+    QVERIFY(binary->binaryData().isEmpty());
+    QVERIFY(binary->property("FileName").isNull());
+
+    QVERIFY(!m_poModel->bLoadFile("Job.Sink.File", folder.filePath("missing"), &error));
+    QVERIFY(error.contains("missing"));
+    QVERIFY(!m_poModel->bSaveFile("Job.Sink.Int", copy, &error));
+    QVERIFY(!m_poModel->bSaveFile("Job.Sink.File", folder.filePath("no/such/dir/x"), &error));
 }
 
 QTEST_GUILESS_MAIN(TestJobModel)
