@@ -434,11 +434,12 @@ void TestJobModel::acceptableLinks()
         offered << node->iDataPath();
     // Numbers of any kind that are not inputs; the double follows the node and would close a
     // circle, so it is left out.
-    QCOMPARE(offered, QStringList({"Job.Source.Double", "Job.Source.Int"}));
+    QCOMPARE(offered, QStringList({"Job.Sink.Fixed", "Job.Source.Double", "Job.Source.Int"}));
     QStringList shown;
     for (const DItem* node : pair.second)
         shown << node->iDataPath();
-    QCOMPARE(shown, QStringList({"Job", "Job.Source", "Job.Source.Double", "Job.Source.Int"}));
+    QCOMPARE(shown, QStringList({"Job", "Job.Sink", "Job.Sink.Fixed", "Job.Source",
+                                 "Job.Source.Double", "Job.Source.Int"}));
 
     QVERIFY(m_poModel->bRefreshNode("Job.Sink.Bool"));
     QVERIFY(m_poModel->poNode("Job.Sink.Bool")
