@@ -1,0 +1,5 @@
+#include "qtabstracteditorfactorybase.h"
+
+QtAbstractEditorFactoryBase::QtAbstractEditorFactoryBase(QObject* parent)
+    : QObject(parent)
+{ }

@@ -1,0 +1,36 @@
+#ifndef QTPROPERTYABSTRACTCUSTOMRENDERER_H
+#define QTPROPERTYABSTRACTCUSTOMRENDERER_H
+
+class QItemDelegate;
+class QModelIndex;
+class QPainter;
+class QStyleOptionViewItem;
+class QtProperty;
+
+/// Paints extras into the cells of a QtTreePropertyBrowser and adjusts how the cell is painted.
+///
+/// Call pattern: for every cell it paints, the tree's delegate calls drawCustom() before it
+/// paints the cell's text, once for a name cell (column 0) and twice in a row for a value cell
+/// (column 1), both times with the same painter and the same option object. It then paints
+/// the cell with that option, so a changed palette, font or rectangle takes effect.
+///
+/// The two calls per value cell let a renderer that toggles a flag on every call, and draws
+/// only when the flag was false, draw exactly once per value cell: of two consecutive calls
+/// exactly one finds the flag false, whatever state earlier paints, full or partial, left.
+///
+/// The class is not a QObject; a concrete renderer that also derives from QObject and has the
+/// browser as its parent lives as long as the browser, and the browser forgets it if it goes.
+class QtPropertyAbstractCustomRenderer
+{
+public:
+    virtual ~QtPropertyAbstractCustomRenderer() = default;
+
+    /// Paints extras of the cell @p index of @p property and may change @p option, which the
+    /// delegate then paints the cell with; @p delegate is the tree's delegate.
+    virtual void drawCustom(QPainter* painter, QStyleOptionViewItem& option,
+                            const QModelIndex& index, const QItemDelegate& delegate,
+                            QtProperty* property)
+        = 0;
+};
+
+#endif

@@ -1,0 +1,37 @@
+#ifndef QTPROPERTYTREEVIEW_H
+#define QTPROPERTYTREEVIEW_H
+
+#include <QTreeView>
+
+class QtTreePropertyBrowser;
+
+/// The view inside a QtTreePropertyBrowser: paints row backgrounds and grid lines, opens
+/// editors on a click in the value column and reports mouse events on rows to the browser.
+class QtPropertyTreeView : public QTreeView
+{
+    Q_OBJECT
+public:
+    /// Creates the view of @p browser as its child.
+    explicit QtPropertyTreeView(QtTreePropertyBrowser* browser);
+
+    /// Opens the editor of @p index; false, without a warning, if there is none.
+    bool openEditor(const QModelIndex& index);
+    /// Lays the rows out again, after their height changed.
+    void relayoutRows();
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// Emits the browser's mouseEventSignal() if @p event is on a row.
+    void reportMouseEvent(QMouseEvent* event);
+
+    QtTreePropertyBrowser* m_poBrowser;
+};
+
+#endif
