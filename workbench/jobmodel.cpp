@@ -455,7 +455,9 @@ bool JobModel::bRefreshNode(const QString& path)
             for (QObject* up = candidate; qobject_cast<DItem*>(up); up = up->parent())
                 iconNodes.insert(static_cast<DItem*>(up));
         }
-        auto byPath = [](const DItem* a, const DItem* b) { return a->iDataPath() < b->iDataPath(); };
+        auto byPath = [](const DItem* a, const DItem* b) {
+            return a->iDataPath() < b->iDataPath();
+        };
         std::sort(acceptable.first.begin(), acceptable.first.end(), byPath);
         acceptable.second = iconNodes.values();
         std::sort(acceptable.second.begin(), acceptable.second.end(), byPath);

@@ -1,5 +1,6 @@
 #include "requestlog.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QImage>
 #include <QPushButton>
@@ -21,24 +22,37 @@ QString shortened(const QString& text)
 RequestLog::RequestLog(QWidget* parent)
     : QWidget(parent)
     , m_poList(new QTreeWidget(this))
+    , m_poClearButton(new QPushButton(this))
 {
     m_poList->setObjectName(QStringLiteral("requestList"));
     m_poList->setRootIsDecorated(false);
     m_poList->setUniformRowHeights(true);
     m_poList->setAlternatingRowColors(true);
-    m_poList->setHeaderLabels({tr("#"), tr("Category"), tr("Id"), tr("Parameters"), tr("Reply"),
-                               tr("Host")});
     m_poList->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_poList->header()->setStretchLastSection(true);
 
-    auto* clearButton = new QPushButton(tr("Clear"), this);
-    clearButton->setObjectName(QStringLiteral("clearButton"));
-    connect(clearButton, &QPushButton::clicked, this, &RequestLog::clear);
+    m_poClearButton->setObjectName(QStringLiteral("clearButton"));
+    connect(m_poClearButton, &QPushButton::clicked, this, &RequestLog::clear);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_poList);
-    layout->addWidget(clearButton, 0, Qt::AlignRight);
+    layout->addWidget(m_poClearButton, 0, Qt::AlignRight);
+    vRetranslate();
+}
+
+void RequestLog::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        vRetranslate();
+}
+
+void RequestLog::vRetranslate()
+{
+    m_poList->setHeaderLabels(
+        {tr("#"), tr("Category"), tr("Id"), tr("Parameters"), tr("Reply"), tr("Host")});
+    m_poClearButton->setText(tr("Clear"));
 }
 
 void RequestLog::vAppend(const WRequest<QVariant>& request, const QVariant& reply,

@@ -6,6 +6,7 @@
 #include <QVariant>
 #include <QWidget>
 
+class QPushButton;
 class QTreeWidget;
 
 /// The panel that lists every request the plug-in sent: category, id, keys and values, and
@@ -32,8 +33,14 @@ public slots:
     /// Empties the log.
     void clear();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void vRetranslate();
+
     QTreeWidget* m_poList;
+    QPushButton* m_poClearButton;
 };
 
 #endif

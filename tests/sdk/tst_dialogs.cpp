@@ -54,13 +54,10 @@ void handleNextModal(std::function<void(QWidget*)> handle)
     poll->start();
 }
 
-// Switches automation off so that the next dialog really shows. The offscreen platform says
-// once per shown dialog that it cannot pass size hints on; that is not a fault of the dialog.
+// Switches automation off so that the next dialog really shows.
 void showRealDialogs()
 {
     DialogAutomation::setEnabled(false);
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        TestSupport::expectWarning(QRegularExpression(QStringLiteral("propagateSizeHints")));
 }
 
 // Writes @p name into the dialog's file name field. Typing key by key would open the

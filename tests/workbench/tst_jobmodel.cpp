@@ -438,8 +438,9 @@ void TestJobModel::acceptableLinks()
     QStringList shown;
     for (const DItem* node : pair.second)
         shown << node->iDataPath();
-    QCOMPARE(shown, QStringList({"Job", "Job.Sink", "Job.Sink.Fixed", "Job.Source",
-                                 "Job.Source.Double", "Job.Source.Int"}));
+    QCOMPARE(shown,
+             QStringList({"Job", "Job.Sink", "Job.Sink.Fixed", "Job.Source", "Job.Source.Double",
+                          "Job.Source.Int"}));
 
     QVERIFY(m_poModel->bRefreshNode("Job.Sink.Bool"));
     QVERIFY(m_poModel->poNode("Job.Sink.Bool")

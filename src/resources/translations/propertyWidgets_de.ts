@@ -1,0 +1,128 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+  <context>
+    <name>NavigatorWidgetLayout</name>
+    <message>
+      <location filename="../../navigator/widgettree.ui" line="14" />
+      <location filename="../../navigator/widgettree.cpp" line="301" />
+      <source>  Project Window</source>
+      <translation>  Projektfenster</translation>
+    </message>
+  </context>
+  <context>
+    <name>QObject</name>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="114" />
+      <location filename="../../navigator/widgettree.cpp" line="306" />
+      <source>Add Module</source>
+      <translation>Modul hinzufügen</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="203" />
+      <location filename="../../navigator/widgettree.cpp" line="204" />
+      <location filename="../../navigator/widgettree.cpp" line="219" />
+      <location filename="../../navigator/widgettree.cpp" line="220" />
+      <source>&amp;Delete</source>
+      <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="205" />
+      <location filename="../../navigator/widgettree.cpp" line="221" />
+      <source>&amp;Rename</source>
+      <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="206" />
+      <location filename="../../navigator/widgettree.cpp" line="222" />
+      <source>&amp;Visible</source>
+      <translation>&amp;Sichtbar</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="208" />
+      <source>&amp;Use Value for Color Feedback</source>
+      <translation>Wert für &amp;Farbrückmeldung verwenden</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="210" />
+      <source>&amp;Copy Node Path to Clipboard</source>
+      <translation>Knotenpfad in die Zwischenablage &amp;kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="211" />
+      <source>Copy &amp;Module</source>
+      <translation>&amp;Modul kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="212" />
+      <source>Copy Node Value to Clipboard</source>
+      <translation>Knotenwert in die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="304" />
+      <source>Job Tree</source>
+      <translation>Jobbaum</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetTree</name>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="223" />
+      <source>&amp;Use Value for Color Feedback</source>
+      <translation>Wert für &amp;Farbrückmeldung verwenden</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="224" />
+      <source>&amp;Copy Node Path to Clipboard</source>
+      <translation>Knotenpfad in die Zwischenablage &amp;kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="225" />
+      <source>Copy &amp;Module</source>
+      <translation>&amp;Modul kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="226" />
+      <source>Copy Node Value to Clipboard</source>
+      <translation>Knotenwert in die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="475" />
+      <source>Node name cannot be empty!</source>
+      <translation>Der Knotenname darf nicht leer sein!</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="476" />
+      <source>A module name cannot contain any of the following characters : </source>
+      <translation>Ein Modulname darf keines der folgenden Zeichen enthalten: </translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="621" />
+      <source>Error loading the assistant of the module !</source>
+      <translation>Fehler beim Laden des Modulassistenten!</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="677" />
+      <source>All settings saved.</source>
+      <translation>Alle Einstellungen gespeichert.</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="678" />
+      <source>Don't show this message again</source>
+      <translation>Diese Meldung nicht mehr anzeigen</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetTreeView</name>
+    <message>
+      <location filename="../../navigator/widgettreeview.cpp" line="97" />
+      <source>Input</source>
+      <translation>Eingang</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettreeview.cpp" line="100" />
+      <source>Output</source>
+      <translation>Ausgang</translation>
+    </message>
+  </context>
+</TS>

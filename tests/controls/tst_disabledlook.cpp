@@ -1,0 +1,204 @@
+#include "controls/disabledlookstyle.h"
+#include "controls/forcestyle.h"
+#include "controls/ledwidget.h"
+
+#include "testsupport.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+// A base style that remembers the state of the options it is handed.
+class RecordingStyle : public QProxyStyle
+{
+public:
+    RecordingStyle()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    { }
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        m_lStates.append(option->state);
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+
+    mutable QList<QStyle::State> m_lStates;
+};
+
+} // namespace
+
+class TestDisabledLook : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { TestSupport::failOnWarnings(); }
+
+    void cleanup() { QVERIFY(TestSupport::liveTopLevelWidgets().isEmpty()); }
+
+    void modifyOptionClearsEnabled()
+    {
+        QStyleOption option;
+        option.state = QStyle::State_Enabled | QStyle::State_HasFocus;
+        modifyOption(&option);
+        QCOMPARE(option.state, QStyle::State(QStyle::State_HasFocus));
+        modifyOption(nullptr);
+    }
+
+    void nullOptionsPassOn_data()
+    {
+        QTest::addColumn<int>("operation");
+        QTest::newRow("pixelMetric") << 0;
+        QTest::newRow("styleHint") << 1;
+        QTest::newRow("standardPixmap") << 2;
+        QTest::newRow("generatedIconPixmap") << 3;
+        QTest::newRow("standardIconImplementation") << 4;
+        QTest::newRow("layoutSpacingImplementation") << 5;
+    }
+
+    void nullOptionsPassOn()
+    {
+        QFETCH(int, operation);
+        DisabledLookStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
+        std::unique_ptr<QStyle> plain(QStyleFactory::create(QStringLiteral("Fusion")));
+        switch (operation) {
+        case 0:
+            QCOMPARE(style.pixelMetric(QStyle::PM_ButtonMargin, nullptr),
+                     plain->pixelMetric(QStyle::PM_ButtonMargin, nullptr));
+            break;
+        case 1:
+            QCOMPARE(style.styleHint(QStyle::SH_ToolTip_WakeUpDelay, nullptr),
+                     plain->styleHint(QStyle::SH_ToolTip_WakeUpDelay, nullptr));
+            break;
+        case 2:
+            QCOMPARE(style.standardPixmap(QStyle::SP_DialogOkButton, nullptr).size(),
+                     plain->standardPixmap(QStyle::SP_DialogOkButton, nullptr).size());
+            break;
+        case 3: {
+            QPixmap pixmap(8, 8);
+            pixmap.fill(Qt::blue);
+            QCOMPARE(style.generatedIconPixmap(QIcon::Active, pixmap, nullptr).size(), QSize(8, 8));
+            break;
+        }
+        case 4: {
+            QIcon icon;
+            QVERIFY(QMetaObject::invokeMethod(
+                &style, "standardIconImplementation", Q_RETURN_ARG(QIcon, icon),
+                Q_ARG(QStyle::StandardPixmap, QStyle::SP_DialogOkButton),
+                Q_ARG(const QStyleOption*, nullptr), Q_ARG(const QWidget*, nullptr)));
+            QCOMPARE(icon.isNull(), plain->standardIcon(QStyle::SP_DialogOkButton).isNull());
+            break;
+        }
+        case 5: {
+            int spacing = -2;
+            QVERIFY(QMetaObject::invokeMethod(
+                &style, "layoutSpacingImplementation", Q_RETURN_ARG(int, spacing),
+                Q_ARG(QSizePolicy::ControlType, QSizePolicy::PushButton),
+                Q_ARG(QSizePolicy::ControlType, QSizePolicy::PushButton),
+                Q_ARG(Qt::Orientation, Qt::Horizontal), Q_ARG(const QStyleOption*, nullptr),
+                Q_ARG(const QWidget*, nullptr)));
+            QCOMPARE(spacing,
+                     plain->layoutSpacing(QSizePolicy::PushButton, QSizePolicy::PushButton,
+                                          Qt::Horizontal));
+            break;
+        }
+        }
+    }
+
+    void drawsEnabledWidgetAsDisabled()
+    {
+        auto* recorder = new RecordingStyle;
+        DisabledLookStyle style(recorder);
+        QPushButton button(QStringLiteral("Run"));
+        button.setStyle(&style);
+        button.resize(120, 40);
+        QVERIFY(button.isEnabled());
+        QImage image(button.size(), QImage::Format_ARGB32);
+        button.render(&image);
+        QVERIFY(!recorder->m_lStates.isEmpty());
+        for (QStyle::State state : recorder->m_lStates)
+            QVERIFY(!(state & QStyle::State_Enabled));
+    }
+
+    void styledWidgetKeepsWorking()
+    {
+        DisabledLookStyle style(nullptr);
+        QWidget window;
+        auto* button = new QPushButton(QStringLiteral("Run"), &window);
+        auto* edit = new QLineEdit(&window);
+        edit->move(0, 50);
+        ::forceStyle(&window, QApplication::palette(), &style, true);
+        QCOMPARE(button->style(), &style);
+        QCOMPARE(edit->style(), &style);
+        QSignalSpy clicked(button, &QPushButton::clicked);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(clicked.count(), 1);
+        QTest::keyClicks(edit, QStringLiteral("abc"));
+        QCOMPARE(edit->text(), QStringLiteral("abc"));
+    }
+
+    void forceStyleOnTree_data()
+    {
+        QTest::addColumn<bool>("children");
+        QTest::newRow("with children") << true;
+        QTest::newRow("top only") << false;
+    }
+
+    void forceStyleOnTree()
+    {
+        QFETCH(bool, children);
+        DisabledLookStyle style(nullptr);
+        QWidget top;
+        auto* middle = new QWidget(&top);
+        auto* leaf = new QWidget(middle);
+        // A child with a style of its own does not follow its parent's.
+        std::unique_ptr<QStyle> own(QStyleFactory::create(QStringLiteral("Fusion")));
+        leaf->setStyle(own.get());
+        QPalette palette;
+        palette.setColor(QPalette::Window, Qt::magenta);
+        ::forceStyle(&top, palette, &style, children);
+        QCOMPARE(top.style(), &style);
+        QCOMPARE(top.palette().color(QPalette::Window), QColor(Qt::magenta));
+        QCOMPARE(leaf->style(), children ? static_cast<QStyle*>(&style) : own.get());
+        QCOMPARE(middle->testAttribute(Qt::WA_SetStyle), children);
+        ::forceStyle(nullptr, palette, &style, children);
+    }
+
+    void ledKeepsItsSize_data()
+    {
+        QTest::addColumn<bool>("state");
+        QTest::addColumn<QColor>("colour");
+        QTest::newRow("lit") << true << QColor(Qt::green);
+        QTest::newRow("not lit") << false << QColor(Qt::red);
+    }
+
+    void ledKeepsItsSize()
+    {
+        QFETCH(bool, state);
+        QFETCH(QColor, colour);
+        LedWidget led(nullptr, state);
+        led.resize(64, 64);
+        QImage image(led.size(), QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        led.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        QCOMPARE(image.pixelColor(8, 8), colour);
+        QCOMPARE(image.pixelColor(1, 1), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(32, 32), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(20, 8), QColor(Qt::white));
+    }
+};
+
+QTEST_MAIN(TestDisabledLook)
+#include "tst_disabledlook.moc"

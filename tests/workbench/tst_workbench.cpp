@@ -1,0 +1,232 @@
+#include "jobmodel.h"
+#include "requestlog.h"
+#include "testsupport.h"
+#include "workbenchwindow.h"
+
+#include "navigator/widgettree.h"
+#include "navigator/widgettreeview.h"
+#include "sdk/ditem.h"
+#include "sdk/wappsetting.h"
+#include "sdk/wappsettings.h"
+
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QProcess>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidgetItemIterator>
+
+#include <memory>
+
+namespace {
+
+// A picture of a real window has many colours; a blank or failed one has one or two.
+int distinctColours(const QImage& image)
+{
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 3) {
+        for (int x = 0; x < image.width(); x += 3)
+            colours.insert(image.pixel(x, y));
+    }
+    return colours.size();
+}
+
+QTreeWidgetItem* itemOf(WidgetTreeView& tree, const QString& path)
+{
+    for (QTreeWidgetItemIterator it(&tree); *it; ++it) {
+        const Script::DItem* node = (*it)->data(0, WidgetTreeView::NodeAddressRole).isValid()
+            ? tree.getDItem(**it)
+            : nullptr;
+        if (node && node->iDataPath() == path)
+            return *it;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class TestWorkbench : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void fillsTheJobTree();
+    void selectingAModuleSendsARequest();
+    void renamingAModule();
+    void switchingTheLanguage();
+    void theWindowIsNotBlank();
+    void refusesALibraryWithoutNavigator();
+    void screenshotOption();
+
+private:
+    WidgetTreeView& tree();
+    int requestsWithId(int id) const;
+
+    QTemporaryDir m_oFolder;
+    std::unique_ptr<WorkbenchWindow> m_poWindow;
+};
+
+void TestWorkbench::initTestCase()
+{
+    TestSupport::failOnWarnings();
+    QVERIFY(m_oFolder.isValid());
+    // The dock reads its settings group while it is made.
+    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
+    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
+    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
+        ->setValueOf(QStringLiteral("ShowWelcomePage"), true);
+    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+}
+
+void TestWorkbench::init()
+{
+    m_poWindow = std::make_unique<WorkbenchWindow>();
+    QString error;
+    QVERIFY2(m_poWindow->bLoadPlugin(QStringLiteral(PLUGIN_PATH), &error), qPrintable(error));
+    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error),
+             qPrintable(error));
+    m_poWindow->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_poWindow.get()));
+}
+
+void TestWorkbench::cleanup()
+{
+    m_poWindow.reset();
+    QVERIFY(TestSupport::liveTopLevelWidgets().isEmpty());
+}
+
+WidgetTreeView& TestWorkbench::tree()
+{
+    return *m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
+}
+
+int TestWorkbench::requestsWithId(int id) const
+{
+    const RequestLog* log = m_poWindow->poRequestLog();
+    int found = 0;
+    for (int row = 0; row < log->count(); ++row)
+        found += log->rowTexts(row).value(2) == QString::number(id) ? 1 : 0;
+    return found;
+}
+
+void TestWorkbench::fillsTheJobTree()
+{
+    auto* dock = m_poWindow->findChild<QDockWidget*>(QStringLiteral("jobTreeDock"));
+    QVERIFY(dock);
+    QCOMPARE(dock->widget(), m_poWindow->poNavigator());
+    QCOMPARE(dock->windowTitle(), QStringLiteral("Job Tree"));
+
+    QTreeWidgetItem* root = tree().topLevelItem(0);
+    QVERIFY(root);
+    QCOMPARE(root->text(0), QStringLiteral("BottleInspection"));
+    QCOMPARE(root->childCount(), 5);
+    QVERIFY(root->isExpanded());
+    QTreeWidgetItem* exposure = itemOf(tree(), QStringLiteral("BottleInspection.Camera.Exposure"));
+    QVERIFY(exposure);
+    QCOMPARE(exposure->toolTip(0), QStringLiteral("Input"));
+    // The "Add Module" row stays outside the job's subtree.
+    QCOMPARE(tree().topLevelItem(1), m_poWindow->poNavigator()->poAddModuleItem());
+    // The unavailable node is hidden, the one that is only not shown in the normal view too.
+    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Measurement.Debug"))->isHidden());
+    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Measurement.Offset"))->isHidden());
+}
+
+void TestWorkbench::selectingAModuleSendsARequest()
+{
+    const int before = requestsWithId(9);
+    tree().setCurrentItem(itemOf(tree(), QStringLiteral("BottleInspection.Locator")));
+    QCOMPARE(requestsWithId(9), before + 1);
+    const RequestLog* log = m_poWindow->poRequestLog();
+    QCOMPARE(log->rowTexts(log->count() - 1).value(5),
+             QStringLiteral("Selected BottleInspection.Locator"));
+}
+
+void TestWorkbench::renamingAModule()
+{
+    QTreeWidgetItem* camera = itemOf(tree(), QStringLiteral("BottleInspection.Camera"));
+    tree().setCurrentItem(camera);
+    QVERIFY(QMetaObject::invokeMethod(m_poWindow->poNavigator(), "renameCurrentItem"));
+    QLineEdit* editor = nullptr;
+    QTRY_VERIFY((editor = tree().viewport()->findChild<QLineEdit*>()));
+    editor->selectAll();
+    QTest::keyClicks(editor, QStringLiteral("LineCamera"));
+    QTest::keyClick(editor, Qt::Key_Return);
+
+    QTRY_VERIFY(m_poWindow->model().poNode(QStringLiteral("BottleInspection.LineCamera")));
+    QVERIFY(!m_poWindow->model().poNode(QStringLiteral("BottleInspection.Camera")));
+    QCOMPARE(requestsWithId(522), 1);
+    // Links into the renamed module follow it.
+    QCOMPARE(m_poWindow->model()
+                 .poNode(QStringLiteral("BottleInspection.ImageFilter.InputImage"))
+                 ->linkedPath(),
+             QStringLiteral("BottleInspection.LineCamera.Image"));
+    QTRY_VERIFY(itemOf(tree(), QStringLiteral("BottleInspection.LineCamera")));
+    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.LineCamera"))->text(0),
+             QStringLiteral("LineCamera"));
+}
+
+void TestWorkbench::switchingTheLanguage()
+{
+    QSignalSpy retranslated(m_poWindow->poNavigator(), &WidgetTree::retranslate);
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("de")));
+    QTRY_COMPARE(retranslated.count(), 1);
+    auto* dock = m_poWindow->findChild<QDockWidget*>(QStringLiteral("jobTreeDock"));
+    QCOMPARE(dock->windowTitle(), QStringLiteral("Jobbaum"));
+    QCOMPARE(m_poWindow->windowTitle(), QStringLiteral("Werkbank"));
+    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
+             QStringLiteral("Kamera"));
+
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("en")));
+    QTRY_COMPARE(retranslated.count(), 2);
+    QCOMPARE(dock->windowTitle(), QStringLiteral("Job Tree"));
+    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
+             QStringLiteral("Camera"));
+}
+
+void TestWorkbench::theWindowIsNotBlank()
+{
+    const QImage picture = m_poWindow->grab().toImage();
+    QCOMPARE(picture.size(), m_poWindow->size() * m_poWindow->devicePixelRatioF());
+    QVERIFY2(distinctColours(picture) > 20, qPrintable(QString::number(distinctColours(picture))));
+}
+
+void TestWorkbench::refusesALibraryWithoutNavigator()
+{
+    WorkbenchWindow other;
+    QString error;
+    // Any shared library without the entry will do; the host SDK is one.
+    QVERIFY(!other.bLoadPlugin(QStringLiteral("libsdk.so"), &error) || !other.poNavigator());
+    QVERIFY(!error.isEmpty());
+    QVERIFY(!other.bLoadPlugin(m_oFolder.filePath(QStringLiteral("missing.so")), &error));
+    QVERIFY(!error.isEmpty());
+}
+
+void TestWorkbench::screenshotOption()
+{
+    m_poWindow.reset();
+    const QString file = m_oFolder.filePath(QStringLiteral("shot.png"));
+    QProcess workbench;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       m_oFolder.filePath(QStringLiteral("config")));
+    workbench.setProcessEnvironment(environment);
+    workbench.start(
+        QStringLiteral(WORKBENCH_PATH),
+        {QStringLiteral("--screenshot"), file, QStringLiteral("--lang"), QStringLiteral("de")});
+    QVERIFY(workbench.waitForFinished(60000));
+    QVERIFY2(workbench.exitStatus() == QProcess::NormalExit && workbench.exitCode() == 0,
+             workbench.readAllStandardError().constData());
+    const QImage picture(file);
+    QVERIFY(!picture.isNull());
+    QVERIFY(picture.width() >= 800 && picture.height() >= 600);
+    QVERIFY(distinctColours(picture) > 20);
+}
+
+QTEST_MAIN(TestWorkbench)
+#include "tst_workbench.moc"

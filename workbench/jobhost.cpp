@@ -1,0 +1,288 @@
+#include "jobhost.h"
+
+#include "jobmodel.h"
+#include "requestlog.h"
+
+#include "navigator/widgettree.h"
+#include "navigator/widgettreeview.h"
+#include "sdk/ditem.h"
+#include "sdk/filedialog.h"
+#include "sdk/filedialogprovider.h"
+#include "sdk/wmessagebox.h"
+
+#include <QQuickWidget>
+#include <QScrollArea>
+#include <QSet>
+#include <QTimer>
+#include <QTreeWidgetItemIterator>
+
+using Script::DItem;
+
+namespace {
+
+// Parameter keys of the requests.
+const int kKeyValue = 953;
+const int kKeyPath = 956;
+
+QVariant paramValue(const WRequest<QVariant>& request, int key)
+{
+    for (const WParam<QVariant>& param : request) {
+        if (param.second == key)
+            return param.first;
+    }
+    return QVariant();
+}
+
+QString nodePath(const QTreeWidgetItem* item, const WidgetTreeView& tree)
+{
+    const DItem* node = item ? tree.getDItem(*item) : nullptr;
+    return node ? node->iDataPath() : QString();
+}
+
+QTreeWidgetItem* addNodeItem(DItem* node, QTreeWidgetItem* parent, QTreeWidget* tree)
+{
+    auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
+    item->setData(0, WidgetTreeView::NodeAddressRole,
+                  QVariant::fromValue(reinterpret_cast<qint64>(node)));
+    for (DItem* child : node->childNodes())
+        addNodeItem(child, item, tree);
+    return item;
+}
+
+} // namespace
+
+JobHost::JobHost(JobModel& model, RequestLog& log, QObject* parent)
+    : QObject(parent)
+    , m_oModel(model)
+    , m_oLog(log)
+{
+    connect(&m_oModel, &JobModel::valuesChanged, this, &JobHost::vRefresh);
+    connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vScheduleFill);
+}
+
+void JobHost::vAttach(WidgetTree* dock)
+{
+    m_poDock = dock;
+    // The sender reads the reply as soon as the emission returns, so the call must be direct.
+    connect(dock, &WidgetTree::treeReq, this, &JobHost::vOnTreeReq, Qt::DirectConnection);
+    vFillTree();
+}
+
+WidgetTreeView* JobHost::poTree() const
+{
+    return m_poDock ? m_poDock->findChild<WidgetTreeView*>() : nullptr;
+}
+
+void JobHost::vScheduleFill()
+{
+    // Structure changes arrive while the plug-in is still inside the request that caused
+    // them; its items must live until that returns, so the tree is rebuilt afterwards.
+    if (m_bFillPending)
+        return;
+    m_bFillPending = true;
+    QTimer::singleShot(0, this, [this] {
+        m_bFillPending = false;
+        vFillTree();
+    });
+}
+
+void JobHost::vFillTree()
+{
+    WidgetTreeView* tree = poTree();
+    if (!tree)
+        return;
+    QSet<QString> expanded;
+    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+        if ((*it)->isExpanded())
+            expanded.insert(nodePath(*it, *tree));
+    }
+    const QString current = nodePath(tree->currentItem(), *tree);
+    const bool firstFill = tree->topLevelItemCount() == 0;
+
+    // The "Add Module" row belongs to the dock; it must leave the tree before the tree deletes
+    // its items.
+    QTreeWidgetItem* addModule = m_poDock->poAddModuleItem();
+    const int addModuleIndex = tree->indexOfTopLevelItem(addModule);
+    if (addModuleIndex >= 0)
+        tree->takeTopLevelItem(addModuleIndex);
+    {
+        const QSignalBlocker blocker(tree);
+        tree->clear();
+    }
+    if (DItem* root = m_oModel.poRoot()) {
+        addNodeItem(root, nullptr, tree);
+        tree->addTopLevelItem(addModule);
+        tree->refreshItemVisiblity();
+    }
+    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+        const QString path = nodePath(*it, *tree);
+        if (expanded.contains(path) || (firstFill && *it == tree->topLevelItem(0)))
+            (*it)->setExpanded(true);
+        if (!current.isEmpty() && path == current)
+            tree->setCurrentItem(*it);
+    }
+}
+
+void JobHost::vRefresh()
+{
+    if (WidgetTreeView* tree = poTree())
+        tree->refreshItemVisiblity();
+}
+
+void JobHost::vOnTreeReq(WRequest<QVariant> request, QVariant& reply)
+{
+    const QVariant given = reply;
+    const QString outcome = sHandle(request, reply);
+    m_oLog.vAppend(request, given, outcome);
+    emit statusMessage(outcome);
+}
+
+QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
+{
+    const QVariant value = paramValue(request, kKeyValue);
+    const QString path = paramValue(request, kKeyPath).toString();
+    switch (request.id) {
+    case 9: {
+        const QList<QTreeWidgetItem*> selected = m_poDock->selectedTreeItems();
+        const QString selectedPath
+            = selected.isEmpty() ? QString() : nodePath(selected.first(), *poTree());
+        return selectedPath.isEmpty() ? tr("Nothing selected")
+                                      : tr("Selected %1").arg(selectedPath);
+    }
+    case 34:
+        return sEdit(value.toList());
+    case 36:
+        return sSelectLinked(value.toString());
+    case 39:
+        return tr("Editing started");
+    case 40:
+        return tr("Editing ended");
+    case -1:
+        return tr("Editing continues");
+    case 43:
+        return m_oModel.bRefreshNode(path) ? tr("Refreshed %1").arg(path)
+                                           : tr("No node at %1").arg(path);
+    case 47:
+        return sAssistant(value.toBool(), reply);
+    case 50:
+        return tr("The workbench has no toolbox");
+    case 51:
+        return tr("Tool tip of the start assistant");
+    case 521: {
+        const QString target = value.toList().value(0).toString();
+        QString error;
+        if (!m_oModel.bDelete(target, &error))
+            return tr("Not deleted: %1").arg(error);
+        return tr("Deleted %1").arg(target);
+    }
+    case 522:
+        return sRename(value.toList());
+    case 528: {
+        const QVariantList values = value.toList();
+        const bool visible = values.value(1).toBool();
+        return m_oModel.bSetVisible(values.value(0).toString(), visible)
+            ? (visible ? tr("Shown") : tr("Hidden"))
+            : tr("No such node");
+    }
+    case 556: {
+        const QVariantList values = value.toList();
+        return m_oModel.bSetColorMarking(values.value(0).toString(), values.value(1).toBool())
+            ? tr("Colour marking changed")
+            : tr("No such node");
+    }
+    case 563:
+    case 564:
+    case 565:
+        return sFileRequest(request.id, path);
+    default:
+        return tr("Not handled by the workbench");
+    }
+}
+
+QString JobHost::sEdit(const QVariantList& values)
+{
+    if (values.size() != 4)
+        return tr("Refused: an edit carries path, command, parameters and preview");
+    const QString path = values.at(0).toString();
+    QString error;
+    if (!m_oModel.bApplyCommand(path, values.at(1).toInt(), values.at(2), &error))
+        return tr("Refused: %1").arg(error);
+    return tr("Applied to %1").arg(path);
+}
+
+QString JobHost::sRename(const QVariantList& values)
+{
+    WidgetTreeView* tree = poTree();
+    // The item comes as an address; only an item that is in the tree now is believed.
+    const qint64 address = values.value(0).toLongLong();
+    QTreeWidgetItem* item = nullptr;
+    for (QTreeWidgetItemIterator it(tree); *it && !item; ++it) {
+        if (reinterpret_cast<qint64>(*it) == address)
+            item = *it;
+    }
+    DItem* node = item ? tree->getDItem(*item) : nullptr;
+    if (!node)
+        return tr("Refused: no such item");
+    QString error;
+    if (!m_oModel.bRename(node, item->text(0), &error)) {
+        tree->refreshTreeItemState(*item);
+        Utils::WMessageBox::warning(tr("The name was not changed."), error, m_poDock);
+        return tr("Refused: %1").arg(error);
+    }
+    return tr("Renamed to %1").arg(node->iDataPath());
+}
+
+QString JobHost::sSelectLinked(const QString& path)
+{
+    // Selecting sends a request of its own; it goes after this one has returned.
+    QTimer::singleShot(0, this, [this, path] {
+        if (!m_poDock)
+            return;
+        if (QTreeWidgetItem* item = m_poDock->poFindItem(path))
+            poTree()->setCurrentItem(item);
+    });
+    return tr("Showing %1").arg(path);
+}
+
+QString JobHost::sFileRequest(int id, const QString& path)
+{
+    DItem* node = m_oModel.poNode(path);
+    if (!node)
+        return tr("No node at %1").arg(path);
+    QString error;
+    if (id == 565) {
+        return m_oModel.bUnloadFile(path, &error) ? tr("Unloaded %1").arg(path)
+                                                  : tr("Refused: %1").arg(error);
+    }
+    const auto filters = node->property("FileExtensions").value<QList<QPair<QString, QString>>>();
+    const FileDialogProvider provider(FileDialogProvider::createCommonUrls(false, false, false),
+                                      filters, -1);
+    FileDialog dialog(provider, m_poDock);
+    const QUrl url = id == 564
+        ? dialog.getOpenFileUrl()
+        : dialog.getSaveFileUrl(FileDialog::AcceptSave, node->property("FileName").toString());
+    if (url.isEmpty() || !url.isLocalFile())
+        return tr("Cancelled");
+    const bool done = id == 564 ? m_oModel.bLoadFile(path, url.toLocalFile(), &error)
+                                : m_oModel.bSaveFile(path, url.toLocalFile(), &error);
+    if (!done) {
+        Utils::WMessageBox::warning(tr("The file could not be used."), error, m_poDock);
+        return tr("Refused: %1").arg(error);
+    }
+    return (id == 564 ? tr("Loaded %1") : tr("Saved %1")).arg(url.toLocalFile());
+}
+
+QString JobHost::sAssistant(bool visible, QVariant& reply)
+{
+    auto* area = m_poDock->findChild<QScrollArea*>(QStringLiteral("scrollArea"));
+    auto* assistant = area ? qobject_cast<QQuickWidget*>(area->widget()) : nullptr;
+    if (!assistant) {
+        reply = true;
+        return tr("No place for an assistant");
+    }
+    assistant->setSource(visible ? QUrl(QStringLiteral("qrc:/workbench/qml/ModuleAssistant.qml"))
+                                 : QUrl());
+    // The reply says whether loading failed.
+    reply = visible && assistant->status() == QQuickWidget::Error;
+    return visible ? tr("Assistant loaded") : tr("Assistant closed");
+}

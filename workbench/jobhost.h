@@ -1,0 +1,56 @@
+#ifndef JOBHOST_H
+#define JOBHOST_H
+
+#include "wutils/wrequest.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+class JobModel;
+class RequestLog;
+class WidgetTree;
+class WidgetTreeView;
+
+/// The host's side of the dock: it fills the job tree, answers every request of the plug-in
+/// from the job model, and refreshes the dock after each change, as the real host does.
+class JobHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Serves @p model and writes every request into @p log.
+    JobHost(JobModel& model, RequestLog& log, QObject* parent = nullptr);
+
+    /// Starts serving @p dock: takes its requests directly and fills its job tree.
+    void vAttach(WidgetTree* dock);
+    /// Builds the job tree's items from the job again, keeping expansion and the current node.
+    void vFillTree();
+    /// The job tree of the dock, or null before vAttach().
+    WidgetTreeView* poTree() const;
+
+public slots:
+    /// Answers one request of the plug-in; @p reply is read by the sender after the return.
+    void vOnTreeReq(WRequest<QVariant> request, QVariant& reply);
+
+signals:
+    /// A short text for the status bar about what the host just did.
+    void statusMessage(const QString& text);
+
+private:
+    QString sHandle(const WRequest<QVariant>& request, QVariant& reply);
+    QString sEdit(const QVariantList& values);
+    QString sRename(const QVariantList& values);
+    QString sSelectLinked(const QString& path);
+    QString sFileRequest(int id, const QString& path);
+    QString sAssistant(bool visible, QVariant& reply);
+    void vRefresh();
+    void vScheduleFill();
+
+    JobModel& m_oModel;
+    RequestLog& m_oLog;
+    QPointer<WidgetTree> m_poDock;
+    bool m_bFillPending = false;
+};
+
+#endif

@@ -1,0 +1,96 @@
+// The workbench: a stand-in host application that loads the navigator plug-in, holds a job and
+// answers the plug-in's requests, so that the dock can be seen and tried as a user meets it.
+#include "workbenchwindow.h"
+
+#include "sdk/wappsetting.h"
+#include "sdk/wappsettings.h"
+#include "sdk/wmessagebox.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+// The dock reads these groups as it is made, so they exist before it, with their defaults.
+void prepareSettings()
+{
+    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QDir().mkpath(folder);
+    settings->open(folder + QStringLiteral("/workbench.ini"));
+    Settings::WAppSetting* windows = settings->addSetting(QStringLiteral("SHOW_WINDOWS"));
+    for (const char* key : {"ShowWelcomePage", "ShowAssistantSettingsSaved"}) {
+        if (!windows->valueOf(QLatin1String(key), QVariant()).isValid())
+            windows->setValueOf(QLatin1String(key), true);
+    }
+    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+}
+
+int fail(const QString& message)
+{
+    std::fprintf(stderr, "workbench: %s\n", qPrintable(message));
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("workbench"));
+    QApplication::setOrganizationName(QStringLiteral("PropertyWidgets"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Plays the host application around the Job Tree plug-in."));
+    parser.addHelpOption();
+    const QCommandLineOption jobOption(QStringLiteral("job"),
+                                       QStringLiteral("Opens the job file <file> (JSON)."),
+                                       QStringLiteral("file"));
+    const QCommandLineOption languageOption(
+        QStringLiteral("lang"), QStringLiteral("Shows the texts in <language>: en or de."),
+        QStringLiteral("language"), QStringLiteral("en"));
+    const QCommandLineOption screenshotOption(
+        QStringLiteral("screenshot"),
+        QStringLiteral(
+            "Saves a picture of the window to <file> once the job is shown, then exits."),
+        QStringLiteral("file"));
+    const QCommandLineOption pluginOption(
+        QStringLiteral("plugin"), QStringLiteral("Loads the plug-in from <path>."),
+        QStringLiteral("path"),
+        QApplication::applicationDirPath() + QStringLiteral("/../lib/libpropertyWidgets.so"));
+    parser.addOptions({jobOption, languageOption, screenshotOption, pluginOption});
+    parser.process(application);
+
+    prepareSettings();
+    WorkbenchWindow window;
+    QString error;
+    if (!window.bLoadPlugin(parser.value(pluginOption), &error))
+        return fail(error);
+    const QString job = parser.isSet(jobOption)
+        ? parser.value(jobOption)
+        : QStringLiteral(":/workbench/jobs/sample-job.json");
+    if (!window.bOpenJob(job, &error))
+        return fail(error);
+    const QString language = parser.value(languageOption);
+    if (language != QLatin1String("en") && !window.bSetLanguage(language))
+        return fail(QStringLiteral("no translation for \"%1\"").arg(language));
+
+    window.show();
+    if (parser.isSet(screenshotOption)) {
+        const QString file = parser.value(screenshotOption);
+        // Qt Quick parts render on the next frames; half a second lets them settle.
+        QTimer::singleShot(500, &window, [&window, file] {
+            const bool saved = window.grab().save(file);
+            if (!saved)
+                std::fprintf(stderr, "workbench: cannot write %s\n", qPrintable(file));
+            QApplication::exit(saved ? 0 : 1);
+        });
+    }
+    return application.exec();
+}

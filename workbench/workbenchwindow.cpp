@@ -1,0 +1,301 @@
+#include "workbenchwindow.h"
+
+#include "jobhost.h"
+#include "jobloader.h"
+#include "requestlog.h"
+
+#include "navigator/widgettree.h"
+#include "navigator/widgettreeview.h"
+#include "sdk/ditem.h"
+#include "sdk/filedialog.h"
+#include "sdk/filedialogprovider.h"
+#include "sdk/metrics.h"
+#include "sdk/widgetdescriptor.h"
+#include "sdk/widgetinterface.h"
+#include "sdk/wmessagebox.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QDockWidget>
+#include <QEvent>
+#include <QLibraryInfo>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QTranslator>
+
+#include <vector>
+
+namespace {
+
+using DescriptorList = std::vector<WidgetModules::WidgetDescriptor*>* (*)();
+
+// The flags of the project mode that change what the dock lets the user do.
+const int kProjectFlags[] = {1, 16, 4096, 65536};
+
+} // namespace
+
+WorkbenchWindow::WorkbenchWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , m_poLog(new RequestLog(this))
+{
+    setObjectName(QStringLiteral("WorkbenchWindow"));
+    ItemVisibility::VisibilityInfo::setInstance(&m_oVisibility);
+    App::Metrics::setMainWindow(this);
+    m_oProjectMode.setProjectMode(16);
+
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("centralTabs"));
+    tabs->addTab(m_poLog, QString());
+    setCentralWidget(tabs);
+    m_poHost = new JobHost(m_oModel, *m_poLog, this);
+    connect(m_poHost, &JobHost::statusMessage, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+
+    vCreateMenus();
+    vRetranslate();
+    resize(1100, 760);
+}
+
+WorkbenchWindow::~WorkbenchWindow()
+{
+    if (m_poInterface) {
+        if (!m_bDockHidden)
+            m_poInterface->hidingWidget();
+        // The plug-in made the widget, so the plug-in ends it, before the dock would.
+        m_poDock->setWidget(nullptr);
+        m_poDescriptor->destroyFunction()(m_poInterface);
+    }
+    for (QTranslator* translator : qAsConst(m_lstTranslators))
+        QCoreApplication::removeTranslator(translator);
+    qDeleteAll(m_lstTranslators);
+}
+
+bool WorkbenchWindow::bLoadPlugin(const QString& path, QString* error)
+{
+    m_oPlugin.setFileName(path);
+    if (!m_oPlugin.load()) {
+        *error = m_oPlugin.errorString();
+        return false;
+    }
+    auto list = reinterpret_cast<DescriptorList>(m_oPlugin.resolve("oWidgetDescriptorList"));
+    if (!list) {
+        *error = tr("%1 has no widget descriptor list.").arg(path);
+        return false;
+    }
+    for (WidgetModules::WidgetDescriptor* descriptor : *list()) {
+        if (descriptor && descriptor->name() == "Navigator")
+            m_poDescriptor = descriptor;
+    }
+    if (!m_poDescriptor) {
+        *error = tr("%1 offers no navigator.").arg(path);
+        return false;
+    }
+    m_poInterface = m_poDescriptor->createFunction()();
+    m_poNavigator = dynamic_cast<WidgetTree*>(m_poInterface);
+    if (!m_poNavigator) {
+        *error = tr("The navigator of %1 is not the widget this workbench knows.").arg(path);
+        m_poDescriptor->destroyFunction()(m_poInterface);
+        m_poInterface = nullptr;
+        return false;
+    }
+    m_poDock = new QDockWidget(this);
+    m_poDock->setObjectName(QStringLiteral("jobTreeDock"));
+    m_poDock->setWidget(m_poNavigator);
+    addDockWidget(Qt::LeftDockWidgetArea, m_poDock);
+    resizeDocks({m_poDock}, {430}, Qt::Horizontal);
+    connect(m_poDock, &QDockWidget::visibilityChanged, this, &WorkbenchWindow::vOnDockVisibility);
+    m_poInterface->setResources(m_oModel.poScene(), &m_oProjectMode);
+    m_poHost->vAttach(m_poNavigator);
+    // The dock is about to appear with the window.
+    m_poInterface->showingWidget();
+    m_bShowingAnnounced = true;
+    vRetranslate();
+    return true;
+}
+
+void WorkbenchWindow::vOnDockVisibility(bool visible)
+{
+    if (!m_poInterface || visible != m_bDockHidden)
+        return;
+    m_bDockHidden = !visible;
+    if (!visible) {
+        m_poInterface->hidingWidget();
+        return;
+    }
+    // The first showing was announced when the dock was made; later ones are announced here.
+    if (!m_bShowingAnnounced)
+        m_poInterface->showingWidget();
+    m_bShowingAnnounced = false;
+    m_poInterface->shown();
+}
+
+void WorkbenchWindow::setJob(Script::DItem* root)
+{
+    m_oModel.setJob(root);
+    m_poHost->vFillTree();
+    setWindowFilePath(root ? root->iDataPath() : QString());
+}
+
+bool WorkbenchWindow::bOpenJob(const QString& path, QString* error)
+{
+    Script::DItem* root = JobLoader::poLoadFile(path, error);
+    if (!root)
+        return false;
+    setJob(root);
+    return true;
+}
+
+void WorkbenchWindow::vOpenJobFromDialog()
+{
+    const FileDialogProvider provider(FileDialogProvider::createCommonUrls(false, false, true),
+                                      {{tr("Job files"), QStringLiteral("*.json")}}, 0);
+    FileDialog dialog(provider, this);
+    const QUrl url = dialog.getOpenFileUrl();
+    if (url.isEmpty())
+        return;
+    QString error;
+    if (!bOpenJob(url.toLocalFile(), &error))
+        Utils::WMessageBox::warning(tr("The job could not be opened."), error, this);
+}
+
+bool WorkbenchWindow::bSetLanguage(const QString& language)
+{
+    for (QTranslator* translator : qAsConst(m_lstTranslators))
+        QCoreApplication::removeTranslator(translator);
+    qDeleteAll(m_lstTranslators);
+    m_lstTranslators.clear();
+    bool complete = true;
+    if (language != QLatin1String("en")) {
+        // The plug-in's texts, the host's, and the names in the sample jobs.
+        const QStringList catalogs
+            = {QStringLiteral(":/i18n/propertyWidgets_%1.qm"),
+               QStringLiteral(":/i18n/workbench_%1.qm"), QStringLiteral(":/i18n/jobnames_%1.qm")};
+        for (const QString& catalog : catalogs) {
+            auto* translator = new QTranslator;
+            if (translator->load(catalog.arg(language))) {
+                QCoreApplication::installTranslator(translator);
+                m_lstTranslators.append(translator);
+            } else {
+                delete translator;
+                complete = false;
+            }
+        }
+        // Qt's own texts (buttons of the standard dialogs) when the system has them.
+        auto* qtTexts = new QTranslator;
+        if (qtTexts->load(QStringLiteral("qtbase_") + language,
+                          QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
+            QCoreApplication::installTranslator(qtTexts);
+            m_lstTranslators.append(qtTexts);
+        } else {
+            delete qtTexts;
+        }
+    }
+    m_poEnglishAction->setChecked(language == QLatin1String("en"));
+    m_poGermanAction->setChecked(language == QLatin1String("de"));
+    return complete;
+}
+
+WidgetTree* WorkbenchWindow::poNavigator() const
+{
+    return m_poNavigator;
+}
+
+JobModel& WorkbenchWindow::model()
+{
+    return m_oModel;
+}
+
+RequestLog* WorkbenchWindow::poRequestLog() const
+{
+    return m_poLog;
+}
+
+Utils::ProjectMode& WorkbenchWindow::projectMode()
+{
+    return m_oProjectMode;
+}
+
+void WorkbenchWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        vRetranslate();
+}
+
+void WorkbenchWindow::vCreateMenus()
+{
+    m_poFileMenu = menuBar()->addMenu(QString());
+    m_poOpenAction = m_poFileMenu->addAction(QString(), this, &WorkbenchWindow::vOpenJobFromDialog,
+                                             QKeySequence::Open);
+    m_poSampleAction = m_poFileMenu->addAction(QString(), this, [this] {
+        QString error;
+        bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error);
+    });
+    m_poFileMenu->addSeparator();
+    m_poQuitAction = m_poFileMenu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit);
+
+    m_poViewMenu = menuBar()->addMenu(QString());
+    m_poExpertAction = m_poViewMenu->addAction(QString());
+    m_poExpertAction->setCheckable(true);
+    connect(m_poExpertAction, &QAction::toggled, this, [this](bool expert) {
+        m_oVisibility.setVisibilityMode(expert ? 1 : 0);
+        if (WidgetTreeView* tree = m_poHost->poTree())
+            tree->refreshItemVisiblity();
+    });
+    m_poLanguageMenu = m_poViewMenu->addMenu(QString());
+    auto* languages = new QActionGroup(this);
+    m_poEnglishAction = m_poLanguageMenu->addAction(QStringLiteral("English"));
+    m_poGermanAction = m_poLanguageMenu->addAction(QStringLiteral("Deutsch"));
+    for (QAction* action : {m_poEnglishAction, m_poGermanAction}) {
+        action->setCheckable(true);
+        languages->addAction(action);
+    }
+    m_poEnglishAction->setChecked(true);
+    connect(m_poEnglishAction, &QAction::triggered, this, [this] { bSetLanguage("en"); });
+    connect(m_poGermanAction, &QAction::triggered, this, [this] { bSetLanguage("de"); });
+
+    m_poProjectMenu = menuBar()->addMenu(QString());
+    for (int flag : kProjectFlags) {
+        QAction* action = m_poProjectMenu->addAction(QString());
+        action->setCheckable(true);
+        action->setChecked(m_oProjectMode.contains(flag));
+        action->setData(flag);
+        connect(action, &QAction::toggled, this, &WorkbenchWindow::vApplyProjectFlags);
+        m_lstProjectFlagActions.append(action);
+    }
+}
+
+void WorkbenchWindow::vApplyProjectFlags()
+{
+    int mode = 0;
+    for (const QAction* action : qAsConst(m_lstProjectFlagActions)) {
+        if (action->isChecked())
+            mode |= action->data().toInt();
+    }
+    m_oProjectMode.setProjectMode(mode);
+}
+
+void WorkbenchWindow::vRetranslate()
+{
+    setWindowTitle(tr("Workbench"));
+    if (auto* tabs = qobject_cast<QTabWidget*>(centralWidget()))
+        tabs->setTabText(0, tr("Requests"));
+    if (m_poDock)
+        m_poDock->setWindowTitle(QCoreApplication::translate("QObject", "Job Tree"));
+    m_poFileMenu->setTitle(tr("&File"));
+    m_poOpenAction->setText(tr("&Open Job..."));
+    m_poSampleAction->setText(tr("&Sample Job"));
+    m_poQuitAction->setText(tr("&Quit"));
+    m_poViewMenu->setTitle(tr("&View"));
+    m_poExpertAction->setText(tr("&Expert View"));
+    m_poLanguageMenu->setTitle(tr("&Language"));
+    m_poProjectMenu->setTitle(tr("&Project"));
+    const QStringList flagNames
+        = {tr("Locked look"), tr("Released"), tr("Editing blocked"), tr("Hard lock")};
+    for (int i = 0; i < m_lstProjectFlagActions.size(); ++i) {
+        m_lstProjectFlagActions.at(i)->setText(
+            QStringLiteral("%1 (%2)").arg(flagNames.at(i)).arg(kProjectFlags[i]));
+    }
+}

@@ -1,0 +1,95 @@
+#ifndef WORKBENCHWINDOW_H
+#define WORKBENCHWINDOW_H
+
+#include "jobmodel.h"
+
+#include "sdk/projectmode.h"
+#include "sdk/visibilityinfo.h"
+
+#include <QLibrary>
+#include <QList>
+#include <QMainWindow>
+
+class JobHost;
+class QAction;
+class QDockWidget;
+class QMenu;
+class QTranslator;
+class RequestLog;
+class WidgetTree;
+
+namespace WidgetModules {
+class WidgetDescriptor;
+class WidgetInterface;
+} // namespace WidgetModules
+
+/// The workbench's main window: it plays the host application around the plug-in's dock.
+///
+/// The dock comes only through the plug-in's exported descriptor list, found with QLibrary,
+/// and goes through the descriptor's destroy function, as in the real host.
+class WorkbenchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Makes the window with an empty job and no dock yet.
+    explicit WorkbenchWindow(QWidget* parent = nullptr);
+    ~WorkbenchWindow() override;
+
+    /// Loads the plug-in at @p path and docks its navigator. Returns false with the reason in
+    /// @p error when the library, its entry or its "Navigator" descriptor is missing.
+    bool bLoadPlugin(const QString& path, QString* error);
+    /// Replaces the job by the tree under @p root, which the window takes over.
+    void setJob(Script::DItem* root);
+    /// Opens the job file at @p path; on failure keeps the job and says why in @p error.
+    bool bOpenJob(const QString& path, QString* error);
+    /// Switches the texts of the window and of the plug-in to @p language ("en" or "de").
+    bool bSetLanguage(const QString& language);
+
+    /// The plug-in's dock widget, or null before bLoadPlugin().
+    WidgetTree* poNavigator() const;
+    /// The job.
+    JobModel& model();
+    /// The list of requests received.
+    RequestLog* poRequestLog() const;
+    /// The project mode the dock follows.
+    Utils::ProjectMode& projectMode();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void vCreateMenus();
+    void vRetranslate();
+    void vOnDockVisibility(bool visible);
+    void vOpenJobFromDialog();
+    void vApplyProjectFlags();
+
+    JobModel m_oModel;
+    Utils::ProjectMode m_oProjectMode;
+    ItemVisibility::VisibilityInfo m_oVisibility;
+    QLibrary m_oPlugin;
+    WidgetModules::WidgetDescriptor* m_poDescriptor = nullptr;
+    WidgetModules::WidgetInterface* m_poInterface = nullptr;
+    WidgetTree* m_poNavigator = nullptr;
+    QDockWidget* m_poDock = nullptr;
+    RequestLog* m_poLog = nullptr;
+    JobHost* m_poHost = nullptr;
+    bool m_bDockHidden = true;
+    bool m_bShowingAnnounced = false;
+    QList<QTranslator*> m_lstTranslators;
+
+    QMenu* m_poFileMenu = nullptr;
+    QMenu* m_poViewMenu = nullptr;
+    QMenu* m_poLanguageMenu = nullptr;
+    QMenu* m_poProjectMenu = nullptr;
+    QAction* m_poOpenAction = nullptr;
+    QAction* m_poSampleAction = nullptr;
+    QAction* m_poQuitAction = nullptr;
+    QAction* m_poExpertAction = nullptr;
+    QAction* m_poEnglishAction = nullptr;
+    QAction* m_poGermanAction = nullptr;
+    QList<QAction*> m_lstProjectFlagActions;
+};
+
+#endif
