@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QQuickWindow>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -42,6 +43,9 @@ int fail(const QString& message)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
+    // Without a display there is no OpenGL for the Qt Quick parts of the dock.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setOrganizationName(QStringLiteral("PropertyWidgets"));
 

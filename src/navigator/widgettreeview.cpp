@@ -111,6 +111,8 @@ void WidgetTreeView::refreshTreeItemState(QTreeWidgetItem& item)
 
 void WidgetTreeView::refreshItemVisiblity()
 {
+    // Nothing in the walk can change the mode, so it is read once for all items.
+    const int mode = ItemVisibility::VisibilityInfo::instance()->getVisibilityMode();
     for (QTreeWidgetItemIterator it(this); *it; ++it) {
         QTreeWidgetItem* item = *it;
         if (holdsNoNode(*item))
@@ -118,7 +120,6 @@ void WidgetTreeView::refreshItemVisiblity()
         const Script::DItem* node = getDItem(*item);
         if (!node)
             continue;
-        const int mode = ItemVisibility::VisibilityInfo::instance()->getVisibilityMode();
         const bool guiVisible = node->property("IData.IsGuiVisible").toBool();
         const QVariant unavailable = node->property("GUI.Unavailable");
         refreshTreeItemState(*item);
