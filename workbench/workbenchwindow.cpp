@@ -60,6 +60,9 @@ WorkbenchWindow::WorkbenchWindow(QWidget* parent)
 
 WorkbenchWindow::~WorkbenchWindow()
 {
+    // The dock reports its hiding while the window's base is destroyed; this part is gone then.
+    if (m_poDock)
+        m_poDock->disconnect(this);
     if (m_poInterface) {
         if (!m_bDockHidden)
             m_poInterface->hidingWidget();
