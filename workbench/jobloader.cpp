@@ -1,5 +1,7 @@
 #include "jobloader.h"
 
+#include "nodetypes.h"
+
 #include "sdk/binaryitem.h"
 #include "sdk/ditem.h"
 #include "sdk/image.h"
@@ -17,19 +19,9 @@
 #include <memory>
 
 using Script::DItem;
+using namespace NodeTypes;
 
 namespace {
-
-const QString kInt = QStringLiteral("IDataBasicInt");
-const QString kInt64 = QStringLiteral("IDataBasicInt64");
-const QString kDouble = QStringLiteral("IDataBasicDouble");
-const QString kBool = QStringLiteral("IDataBasicBool");
-const QString kEnum = QStringLiteral("IDataBasicEnum");
-const QString kString = QStringLiteral("IDataBasicString");
-const QString kImage = QStringLiteral("IDataImage");
-const QString kBinary = QStringLiteral("IDataBinary");
-const QString kBinaryFile = QStringLiteral("IDataBinaryFile");
-const QString kPoint = QStringLiteral("IDataGeoPoint");
 
 // Every key a node object may hold; an unknown one is refused so that a misspelt key is
 // reported instead of being ignored in silence.
@@ -75,11 +67,6 @@ const QSet<QString> kNodeKeys = {"name",
                                  "unavailable",
                                  "properties",
                                  "nodes"};
-
-bool isNumericType(const QString& type)
-{
-    return type == kInt || type == kInt64 || type == kDouble;
-}
 
 // Builds the nodes of one document; the first problem found is kept in m_sError.
 class JobBuilder
@@ -336,7 +323,7 @@ bool JobBuilder::bApplyState(DItem& node, const QJsonObject& object, bool isModu
 bool JobBuilder::bApplyValue(DItem& node, const QJsonObject& object)
 {
     const QString& type = node.iDataType();
-    if (isNumericType(type))
+    if (isNumeric(type))
         return bApplyNumeric(node, object);
     if (type == kPoint)
         return bApplyPoint(node, object);

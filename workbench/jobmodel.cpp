@@ -1,5 +1,7 @@
 #include "jobmodel.h"
 
+#include "nodetypes.h"
+
 #include "sdk/binaryitem.h"
 #include "sdk/command.h"
 #include "sdk/ditem.h"
@@ -15,23 +17,11 @@
 #include <functional>
 
 using Script::DItem;
+using namespace NodeTypes;
 using Image = Script::GraphicItems::WImage::Image;
 namespace Command = VardeenDefs::PropertyEditor;
 
 namespace {
-
-const QString kInt = QStringLiteral("IDataBasicInt");
-const QString kInt64 = QStringLiteral("IDataBasicInt64");
-const QString kDouble = QStringLiteral("IDataBasicDouble");
-const QString kBool = QStringLiteral("IDataBasicBool");
-const QString kEnum = QStringLiteral("IDataBasicEnum");
-const QString kString = QStringLiteral("IDataBasicString");
-const QString kBinaryFile = QStringLiteral("IDataBinaryFile");
-
-bool isNumeric(const QString& type)
-{
-    return type == kInt || type == kInt64 || type == kDouble;
-}
 
 bool isOcrFilter(const DItem& node)
 {
