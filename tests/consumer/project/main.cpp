@@ -1,11 +1,14 @@
 // A program outside the project that uses the installed headers and libraries.
 #include "controls/intervalmapper.h"
 #include "navigator/nodeinfo.h"
+#include "qtpropertymanager.h"
+#include "qttreepropertybrowser.h"
 #include "sdk/ditem.h"
 #include "sdk/wappsettings.h"
 #include "wutils/pluginversion.h"
 #include "wutils/wrequest.h"
 
+#include <QApplication>
 #include <QVariant>
 
 #include <cstdio>
@@ -20,8 +23,10 @@ static void check(bool condition, const char* what)
     }
 }
 
-int main()
+int main(int argc, char* argv[])
 {
+    QApplication application(argc, argv);
+
     Helpers::NodeInfo::setNodeID("7");
     Helpers::NodeInfo::setNodeName("Camera");
     check(Helpers::NodeInfo::toString() == "ID:7/NAME:Camera", "NodeInfo::toString");
@@ -44,6 +49,16 @@ int main()
     check(Settings::WAppSettings::instance()->find_setting(QStringLiteral("NO_SUCH_GROUP"))
               == nullptr,
           "WAppSettings::find_setting of a missing group");
+
+    // The property browser is used through its published headers, as code written for it is.
+    QtTreePropertyBrowser browser;
+    QtIntPropertyManager manager;
+    QtProperty* exposure = manager.addProperty(QStringLiteral("Exposure"));
+    manager.setRange(exposure, 10, 100);
+    manager.setValue(exposure, 250);
+    browser.addProperty(exposure);
+    check(manager.value(exposure) == 100, "QtIntPropertyManager clamps to its range");
+    check(browser.topLevelItems().size() == 1, "QtTreePropertyBrowser::addProperty");
 
     return failures == 0 ? 0 : 1;
 }
