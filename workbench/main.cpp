@@ -64,10 +64,16 @@ int main(int argc, char* argv[])
         QStringLiteral(
             "Saves a picture of the window to <file> once the job is shown, then exits."),
         QStringLiteral("file"));
+    // The plug-in of the same build or installation by default; the environment or the command
+    // line may name another. Qt itself takes "-plugin", hence the longer name.
+    const QString defaultPlugin = qEnvironmentVariableIsSet("PROPERTYWIDGETS_PLUGIN")
+        ? qEnvironmentVariable("PROPERTYWIDGETS_PLUGIN")
+        : QApplication::applicationDirPath() + QStringLiteral("/../lib/libpropertyWidgets.so");
     const QCommandLineOption pluginOption(
-        QStringLiteral("plugin"), QStringLiteral("Loads the plug-in from <path>."),
-        QStringLiteral("path"),
-        QApplication::applicationDirPath() + QStringLiteral("/../lib/libpropertyWidgets.so"));
+        QStringLiteral("plugin-path"),
+        QStringLiteral("Loads the plug-in from <path> (default: $PROPERTYWIDGETS_PLUGIN, or the "
+                       "library beside this program)."),
+        QStringLiteral("path"), defaultPlugin);
     parser.addOptions({jobOption, languageOption, screenshotOption, pluginOption});
     parser.process(application);
 

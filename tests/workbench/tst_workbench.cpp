@@ -63,6 +63,8 @@ private slots:
     void theWindowIsNotBlank();
     void refusesALibraryWithoutNavigator();
     void screenshotOption();
+    void pluginPathChoice_data();
+    void pluginPathChoice();
 
 private:
     WidgetTreeView& tree();
@@ -232,6 +234,43 @@ void TestWorkbench::screenshotOption()
     QVERIFY(!picture.isNull());
     QVERIFY(picture.width() >= 800 && picture.height() >= 600);
     QVERIFY(distinctColours(picture) > 20);
+}
+
+void TestWorkbench::pluginPathChoice_data()
+{
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<bool>("loads");
+
+    const QString plugin = QStringLiteral(PLUGIN_PATH);
+    const QString missing = QStringLiteral("/nonexistent/libpropertyWidgets.so");
+    QTest::newRow("the environment names a missing library") << missing << QString() << false;
+    QTest::newRow("the environment names the plug-in") << plugin << QString() << true;
+    QTest::newRow("the command line wins") << missing << plugin << true;
+    QTest::newRow("the command line names a missing library") << plugin << missing << false;
+}
+
+void TestWorkbench::pluginPathChoice()
+{
+    QFETCH(QString, environment);
+    QFETCH(QString, option);
+    QFETCH(bool, loads);
+    m_poWindow.reset();
+    QProcess workbench;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                     m_oFolder.filePath(QStringLiteral("config")));
+    variables.insert(QStringLiteral("PROPERTYWIDGETS_PLUGIN"), environment);
+    workbench.setProcessEnvironment(variables);
+    QStringList arguments {QStringLiteral("--screenshot"),
+                           m_oFolder.filePath(QStringLiteral("p.png"))};
+    if (!option.isEmpty())
+        arguments << QStringLiteral("--plugin-path") << option;
+    workbench.start(QStringLiteral(WORKBENCH_PATH), arguments);
+    QVERIFY(workbench.waitForFinished(60000));
+    QCOMPARE(workbench.exitCode() == 0, loads);
+    if (!loads)
+        QVERIFY(workbench.readAllStandardError().contains("/nonexistent/libpropertyWidgets.so"));
 }
 
 QTEST_MAIN(TestWorkbench)
