@@ -16,6 +16,8 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPointer>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QScrollArea>
@@ -120,6 +122,21 @@ private slots:
         QCOMPARE(instance->getModuleDescriptor(), WidgetTree::classDescriptor());
         WidgetTree::vDestroyInstance(instance);
         QVERIFY(guard.isNull());
+    }
+
+    void registersTheAssistantElementType()
+    {
+        auto widget = makeTree();
+        QCOMPARE(QMetaType::type("QQmlListProperty<Assistant::Element>") != QMetaType::UnknownType,
+                 true);
+        // The assistants may name the type but not make one.
+        QQmlEngine engine;
+        QQmlComponent component(&engine);
+        component.setData("import Element 1.0\nElement {}\n", QUrl());
+        QVERIFY(component.isError());
+        QVERIFY2(component.errorString().contains(
+                     QStringLiteral("Element type object cannot be created.")),
+                 qPrintable(component.errorString()));
     }
 
     void destroyNullDoesNothing()

@@ -1,8 +1,10 @@
+#include "qtgrouppropertymanager.h"
 #include "qttreepropertybrowser.h"
 #include "showwidget.h"
 #include "testsupport.h"
 #include "tinymanager.h"
 
+#include <QHeaderView>
 #include <QItemDelegate>
 #include <QPainter>
 #include <QPointer>
@@ -25,6 +27,7 @@ public:
                     const QItemDelegate&, QtProperty* property) override
     {
         ++m_hCalls[{index.row(), index.column()}];
+        m_hRects[{index.row(), index.column()}] = option.rect;
         if (index.column() == 1 && !m_bSkipButton) {
             m_lButtons.append(property->propertyName());
             // Like the button, which keeps the text off the space it takes.
@@ -38,6 +41,7 @@ public:
     bool m_bSkipButton = false;
     QStringList m_lButtons;
     QHash<QPair<int, int>, int> m_hCalls;
+    QHash<QPair<int, int>, QRect> m_hRects;
     QColor m_oTextColor;
     int m_iShift = 0;
 };
@@ -80,6 +84,7 @@ private slots:
     void iconsAreSharp_data();
     void iconsAreSharp();
     void destroyedRendererIsForgotten();
+    void groupNameSpansRow();
 
 private:
     /// The viewport painted anew, at ratio 1.
@@ -271,6 +276,38 @@ void TestRenderer::destroyedRendererIsForgotten()
     const QImage image = paintedViewport();
     QVERIFY(!image.isNull());
     QVERIFY(renderer.isNull());
+}
+
+void TestRenderer::groupNameSpansRow()
+{
+    QtGroupPropertyManager groups;
+    m_poBrowser->addProperty(groups.addProperty("G"));
+    m_poBrowser->addProperty(groups.addProperty(
+        "A group whose name is far too long for the name column alone to show it"));
+    QTRY_VERIFY(cellRect(6, 0).isValid());
+    const QHeaderView* header = m_poView->header();
+    const int valueLeft = header->sectionViewportPosition(1);
+    const int valueWidth = header->sectionSize(1);
+
+    m_poRenderer->m_hCalls.clear();
+    m_poRenderer->m_hRects.clear();
+    const QImage image = paintedViewport();
+    for (int row : {5, 6}) {
+        // One call, for the name cell, which covers the value column too; none for a value.
+        QCOMPARE(m_poRenderer->m_hCalls.value({row, 0}), 1);
+        QCOMPARE(m_poRenderer->m_hCalls.value({row, 1}), 0);
+        QCOMPARE(m_poRenderer->m_hRects.value({row, 0}).right(), valueLeft + valueWidth - 1);
+    }
+    QCOMPARE(m_poRenderer->m_hCalls.value({4, 1}), 2);
+
+    // The long name is painted on into the value column; the short one leaves it blank.
+    const auto valueArea = [&](int row) {
+        const QRect name = cellRect(row, 0);
+        return QRect(valueLeft + 2, name.top(), valueWidth - 4, name.height());
+    };
+    QCOMPARE(firstInkColumn(image, valueArea(5)), -1);
+    QVERIFY(firstInkColumn(image, valueArea(6)) > valueLeft);
+    m_poBrowser->clear();
 }
 
 QTEST_MAIN(TestRenderer)

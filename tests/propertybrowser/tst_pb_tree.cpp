@@ -10,6 +10,17 @@
 #include <QTest>
 #include <QTreeView>
 
+namespace {
+
+/// A TinyManager whose properties have no value, like groups, yet a factory for them.
+class ValuelessManager : public TinyManager
+{
+protected:
+    bool hasValue(const QtProperty*) const override { return false; }
+};
+
+} // namespace
+
 Q_DECLARE_METATYPE(QtBrowserItem*)
 Q_DECLARE_METATYPE(QMouseEvent*)
 
@@ -34,6 +45,7 @@ private slots:
     void pressOnValueOpensEditor();
     void declinedEditorLeavesNoEditor();
     void editorGoesWithItsRow();
+    void rowWithoutValueOpensNoEditor();
     void mouseEventsNameTheRow_data();
     void mouseEventsNameTheRow();
 
@@ -333,6 +345,39 @@ void TestTree::editorGoesWithItsRow()
     QVERIFY(editor);
     m_poBrowser->removeProperty(property);
     QTRY_VERIFY(editor.isNull());
+}
+
+void TestTree::rowWithoutValueOpensNoEditor()
+{
+    ValuelessManager valueless;
+    TinyFactory factory;
+    m_poBrowser->setFactoryForManager(static_cast<TinyManager*>(&valueless), &factory);
+    QtBrowserItem* group = m_poBrowser->addProperty(valueless.addProperty("group"));
+    QtBrowserItem* valued = m_poBrowser->addProperty(m_poManager->addProperty("valued"));
+    QVERIFY(showWidget(m_poBrowser));
+    const QModelIndex groupValue = m_poView->model()->index(0, 1);
+    QTRY_VERIFY(m_poView->visualRect(m_poView->model()->index(1, 1)).isValid());
+
+    // The name cell covers the row: a point over the value column finds the name cell.
+    const QRect row = m_poView->visualRect(groupValue);
+    QCOMPARE(row, m_poView->visualRect(m_poView->model()->index(0, 0)));
+    const int valueLeft = m_poView->header()->sectionViewportPosition(1);
+    QVERIFY(row.left() < valueLeft && row.right() > valueLeft);
+    const QPoint overValue(valueLeft + 10, row.center().y());
+    QCOMPARE(m_poView->indexAt(overValue), m_poView->model()->index(0, 0));
+
+    QTest::mouseClick(m_poView->viewport(), Qt::LeftButton, {}, overValue);
+    QCOMPARE(m_poBrowser->currentItem(), group);
+    QVERIFY(!m_poView->viewport()->findChild<QSpinBox*>());
+    m_poBrowser->editItem(group);
+    QVERIFY(!m_poView->viewport()->findChild<QSpinBox*>());
+
+    // The same click on a row with a value does open its editor.
+    QTest::mouseClick(m_poView->viewport(), Qt::LeftButton, {}, cellCentre(valued, 1));
+    QVERIFY(m_poView->viewport()->findChild<QSpinBox*>());
+    // The local manager and factory go before the browser.
+    m_poBrowser->clear();
+    m_poBrowser->unsetFactoryForManager(&valueless);
 }
 
 void TestTree::mouseEventsNameTheRow_data()

@@ -40,11 +40,22 @@ QVariant QtBrowserItemModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
-    const QtProperty* property = itemAt(index)->m_poProperty;
+    const QtBrowserItem* item = itemAt(index);
+    const QtProperty* property = item->m_poProperty;
+    switch (role) {
+    case Qt::DisplayRole:
+        if (index.column() == ValueColumn && !property->hasValue())
+            return {};
+        return displayText(item, index.column());
+    case Qt::DecorationRole: {
+        const QIcon icon = decoration(item, index.column());
+        return icon.isNull() ? QVariant() : QVariant(icon);
+    }
+    default:
+        break;
+    }
     if (index.column() == NameColumn) {
         switch (role) {
-        case Qt::DisplayRole:
-            return property->propertyName();
         case Qt::ToolTipRole: {
             const QString toolTip = property->toolTip();
             return toolTip.isEmpty() ? property->propertyName() : toolTip;
@@ -57,20 +68,24 @@ QVariant QtBrowserItemModel::data(const QModelIndex& index, int role) const
             return {};
         }
     }
-    // A property without a value (a group) leaves its value cell empty.
-    if (!property->hasValue())
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::ToolTipRole:
+    if (role == Qt::ToolTipRole && property->hasValue())
         return property->valueText();
-    case Qt::DecorationRole: {
-        const QIcon icon = property->valueIcon();
-        return icon.isNull() ? QVariant() : QVariant(icon);
-    }
-    default:
-        return {};
-    }
+    return {};
+}
+
+QString QtBrowserItemModel::displayText(const QtBrowserItem* item, int column)
+{
+    const QtProperty* property = item->m_poProperty;
+    if (column == NameColumn)
+        return property->propertyName();
+    // A property without a value (a group) leaves its value cell empty.
+    return property->hasValue() ? property->valueText() : QString();
+}
+
+QIcon QtBrowserItemModel::decoration(const QtBrowserItem* item, int column)
+{
+    const QtProperty* property = item->m_poProperty;
+    return column == ValueColumn && property->hasValue() ? property->valueIcon() : QIcon();
 }
 
 Qt::ItemFlags QtBrowserItemModel::flags(const QModelIndex& index) const

@@ -2,6 +2,7 @@
 #define QTBROWSERITEMMODEL_H
 
 #include <QAbstractItemModel>
+#include <QIcon>
 
 class QtBrowserItem;
 
@@ -31,6 +32,12 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// The column titles.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// The text of the cell in @p column of @p item, as data() gives it for Qt::DisplayRole:
+    /// null for the value cell of a property without a value (a group).
+    static QString displayText(const QtBrowserItem* item, int column);
+    /// The icon of the cell in @p column of @p item, as data() gives it for Qt::DecorationRole.
+    static QIcon decoration(const QtBrowserItem* item, int column);
 
     /// The item of @p index, or null for the root.
     QtBrowserItem* itemAt(const QModelIndex& index) const;

@@ -4,9 +4,58 @@
 #include "qtpropertyabstractcustomrenderer.h"
 #include "qttreepropertybrowser.h"
 
+#include "qtbrowseritemmodel.h"
+
 #include <QApplication>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QTextLayout>
+
+namespace {
+
+// Enough for the cells of many screens, few enough that the cache stays small.
+const int kMaxShapedTexts = 4096;
+
+QPalette::ColorGroup colorGroup(const QStyleOptionViewItem& option)
+{
+    if (!(option.state & QStyle::State_Enabled))
+        return QPalette::Disabled;
+    return (option.state & QStyle::State_Active) ? QPalette::Normal : QPalette::Inactive;
+}
+
+QIcon::Mode iconMode(const QStyleOptionViewItem& option)
+{
+    if (!(option.state & QStyle::State_Enabled))
+        return QIcon::Disabled;
+    return (option.state & QStyle::State_Selected) ? QIcon::Selected : QIcon::Normal;
+}
+
+QIcon::State iconState(const QStyleOptionViewItem& option)
+{
+    return (option.state & QStyle::State_Open) ? QIcon::On : QIcon::Off;
+}
+
+/// The area QItemDelegate measures a cell's text in: unbounded across unless it wraps.
+QRect textBounds(const QStyleOptionViewItem& option)
+{
+    // The largest width QTextLayout takes, a 26.6 fixed-point number of pixels.
+    const int unbounded = INT_MAX / 256;
+    QRect bounds = option.rect;
+    const bool wrap = option.features & QStyleOptionViewItem::WrapText;
+    switch (option.decorationPosition) {
+    case QStyleOptionViewItem::Left:
+    case QStyleOptionViewItem::Right:
+        bounds.setWidth(wrap && bounds.isValid() ? bounds.width() : unbounded);
+        break;
+    case QStyleOptionViewItem::Top:
+    case QStyleOptionViewItem::Bottom:
+        bounds.setWidth(wrap ? option.decorationSize.width() : unbounded);
+        break;
+    }
+    return bounds;
+}
+
+} // namespace
 
 QtPropertyTreeDelegate::QtPropertyTreeDelegate(QtTreePropertyBrowser* browser)
     : QItemDelegate(browser)
@@ -16,7 +65,8 @@ QtPropertyTreeDelegate::QtPropertyTreeDelegate(QtTreePropertyBrowser* browser)
 void QtPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const
 {
-    QtProperty* property = m_poBrowser->itemAt(index)->property();
+    const QtBrowserItem* item = m_poBrowser->itemAt(index);
+    QtProperty* property = item->property();
     const bool hasValue = property->hasValue();
     QStyleOptionViewItem cellOption = option;
     if (property->isModified() && (index.column() == 0 || !hasValue)) {
@@ -32,9 +82,8 @@ void QtPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
         for (int call = 0; call < calls; ++call)
             renderer->drawCustom(painter, cellOption, index, *this, property);
     }
-    m_oPaintedIcon = qvariant_cast<QIcon>(index.data(Qt::DecorationRole));
-    QItemDelegate::paint(painter, cellOption, index);
-    m_oPaintedIcon = QIcon();
+    paintCell(painter, cellOption, QtBrowserItemModel::displayText(item, index.column()),
+              QtBrowserItemModel::decoration(item, index.column()));
     if (index.column() == 0 && hasValue) {
         // The line between name and value; a row without a value spans both visually.
         const QStyle* style
@@ -71,25 +120,124 @@ void QtPropertyTreeDelegate::setEditorData(QWidget*, const QModelIndex&) const {
 void QtPropertyTreeDelegate::setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const
 { }
 
-void QtPropertyTreeDelegate::drawDecoration(QPainter* painter, const QStyleOptionViewItem& option,
-                                            const QRect& rect, const QPixmap& pixmap) const
+bool QtPropertyTreeDelegate::ShapedTextKey::operator==(const ShapedTextKey& other) const
 {
-    if (m_oPaintedIcon.isNull() || !rect.isValid()) {
-        QItemDelegate::drawDecoration(painter, option, rect, pixmap);
-        return;
+    return width == other.width && alignment == other.alignment && direction == other.direction
+        && text == other.text && font == other.font;
+}
+
+uint qHash(const QtPropertyTreeDelegate::ShapedTextKey& key, uint seed)
+{
+    seed = qHash(key.text, seed);
+    seed = qHash(key.font, seed);
+    return qHash(qMakePair(key.width, key.alignment), seed) ^ uint(key.direction);
+}
+
+void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionViewItem& option,
+                                       QString text, const QIcon& icon) const
+{
+    // Line breaks as QTextLayout takes them, as the base class converts them.
+    if (text.contains(QLatin1Char('\n')))
+        text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    painter->save();
+    painter->setClipRect(option.rect);
+    QRect iconRect;
+    if (!icon.isNull())
+        iconRect = QRect(QPoint(0, 0), icon.actualSize(option.decorationSize, iconMode(option),
+                                                       iconState(option)));
+    QRect textRect;
+    if (!text.isNull()) {
+        // The text's size places it only when the selection leaves the decoration out; with
+        // the whole row selectable, as in the browser, the text gets the rest of the cell.
+        textRect = option.showDecorationSelected
+            ? QRect(0, 0, 1, 1)
+            : textRectangle(painter, textBounds(option), option.font, text);
     }
-    const QIcon::Mode mode = !(option.state & QStyle::State_Enabled) ? QIcon::Disabled
-        : (option.state & QStyle::State_Selected)                    ? QIcon::Selected
-                                                                     : QIcon::Normal;
-    const QIcon::State state = (option.state & QStyle::State_Open) ? QIcon::On : QIcon::Off;
+    QRect checkRect;
+    doLayout(option, &checkRect, &iconRect, &textRect, false);
+    if (option.state & QStyle::State_Selected)
+        painter->fillRect(option.rect, option.palette.brush(colorGroup(option), QPalette::Highlight));
+    paintIcon(painter, option, iconRect, icon);
+    paintText(painter, option, textRect, text);
+    drawFocus(painter, option, textRect);
+    painter->restore();
+}
+
+void QtPropertyTreeDelegate::paintIcon(QPainter* painter, const QStyleOptionViewItem& option,
+                                       const QRect& rect, const QIcon& icon) const
+{
+    if (icon.isNull() || !rect.isValid())
+        return;
     // The engine's device is where the pixels go, also when a widget's painting is redirected
     // into an image by render() or grab().
     const QPaintEngine* engine = painter->paintEngine();
     const qreal ratio = (engine ? engine->paintDevice() : painter->device())->devicePixelRatioF();
-    QPixmap sharp = m_oPaintedIcon.pixmap(rect.size() * ratio, mode, state);
+    QPixmap sharp = icon.pixmap(rect.size() * ratio, iconMode(option), iconState(option));
     sharp.setDevicePixelRatio(ratio);
     const QSize shown = sharp.size() / ratio;
     const QRect target
         = QStyle::alignedRect(option.direction, option.decorationAlignment, shown, rect);
     painter->drawPixmap(target, sharp);
+}
+
+void QtPropertyTreeDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& option,
+                                       const QRect& rect, const QString& text) const
+{
+    const QWidget* widget = option.widget;
+    const QStyle* style = widget ? widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, widget) + 1;
+    const QRect textRect = rect.adjusted(margin, 0, -margin, 0);
+    // Text on several lines, wrapped, being edited or too long to fit takes the base class's
+    // way, which elides and clips; a single line that fits is drawn from the kept layout.
+    const bool oneLine = !text.isEmpty() && textRect.width() > 0
+        && !(option.features & QStyleOptionViewItem::WrapText)
+        && !(option.state & QStyle::State_Editing) && !text.contains(QChar::LineSeparator) && !text.contains(QChar::ParagraphSeparator);
+    const ShapedText* shaped = oneLine ? &shapedText(option, text, textRect.width()) : nullptr;
+    if (!shaped || textRect.width() < shaped->size.width()
+        || textRect.height() < shaped->size.height()) {
+        QItemDelegate::drawDisplay(painter, option, rect, text);
+        return;
+    }
+    const QPalette::ColorGroup group = colorGroup(option);
+    if (option.state & QStyle::State_Selected) {
+        painter->fillRect(rect, option.palette.brush(group, QPalette::Highlight));
+        painter->setPen(option.palette.color(group, QPalette::HighlightedText));
+    } else {
+        painter->setPen(option.palette.color(group, QPalette::Text));
+    }
+    const QSize layoutSize(textRect.width(), int(shaped->size.height()));
+    const QRect layoutRect
+        = QStyle::alignedRect(option.direction, option.displayAlignment, layoutSize, textRect);
+    painter->setFont(option.font);
+    painter->drawStaticText(layoutRect.topLeft(), shaped->staticText);
+}
+
+const QtPropertyTreeDelegate::ShapedText&
+QtPropertyTreeDelegate::shapedText(const QStyleOptionViewItem& option, const QString& text,
+                                   int width) const
+{
+    const Qt::Alignment alignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    const ShapedTextKey key {text, option.font, width, int(alignment), option.direction};
+    const auto found = m_hShapedTexts.constFind(key);
+    if (found != m_hShapedTexts.cend())
+        return found.value();
+    if (m_hShapedTexts.size() >= kMaxShapedTexts)
+        m_hShapedTexts.clear();
+    QTextOption textOption(alignment);
+    textOption.setWrapMode(QTextOption::ManualWrap);
+    textOption.setTextDirection(option.direction);
+    // Measured as the base class measures, so that both take the same decision on eliding.
+    QTextLayout layout(text, option.font);
+    layout.setTextOption(textOption);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    ShapedText shaped;
+    shaped.size = QSizeF(line.naturalTextWidth(), line.height());
+    shaped.staticText.setTextFormat(Qt::PlainText);
+    shaped.staticText.setTextOption(textOption);
+    shaped.staticText.setTextWidth(width);
+    shaped.staticText.setText(text);
+    return m_hShapedTexts.insert(key, shaped).value();
 }

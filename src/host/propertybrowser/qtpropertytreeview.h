@@ -19,6 +19,11 @@ public:
     /// Lays the rows out again, after their height changed.
     void relayoutRows();
 
+    /// The cell's rectangle; for a row without a value, both cells give the whole row's.
+    QRect visualRect(const QModelIndex& index) const override;
+    /// The cell at @p point; the name cell anywhere on a row without a value.
+    QModelIndex indexAt(const QPoint& point) const override;
+
 protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;
@@ -28,6 +33,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Whether the row of @p index belongs to a property without a value (a group).
+    bool isSpannedRow(const QModelIndex& index) const;
+    /// Paints a row without a value as QTreeView paints a row whose first column spans the
+    /// row: one name cell from the indentation to the last column's end. QTreeView's own
+    /// spans are kept in a list searched for every row, quadratic with many groups.
+    void drawSpannedRow(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const;
     /// Emits the browser's mouseEventSignal() if @p event is on a row.
     void reportMouseEvent(QMouseEvent* event);
 
