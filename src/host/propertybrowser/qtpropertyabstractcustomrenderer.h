@@ -14,6 +14,10 @@ class QtProperty;
 /// (column 1), both times with the same painter and the same option object. It then paints
 /// the cell with that option, so a changed palette, font or rectangle takes effect.
 ///
+/// A row of a property without a value (a group) has one cell, its name across both columns:
+/// it gets the single call of a name cell, with the option's rectangle reaching to the end of
+/// the value column, and no value-cell calls.
+///
 /// The two calls per value cell let a renderer that toggles a flag on every call, and draws
 /// only when the flag was false, draw exactly once per value cell: of two consecutive calls
 /// exactly one finds the flag false, whatever state earlier paints, full or partial, left.

@@ -143,8 +143,9 @@ void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionView
     painter->setClipRect(option.rect);
     QRect iconRect;
     if (!icon.isNull())
-        iconRect = QRect(QPoint(0, 0), icon.actualSize(option.decorationSize, iconMode(option),
-                                                       iconState(option)));
+        iconRect
+            = QRect(QPoint(0, 0),
+                    icon.actualSize(option.decorationSize, iconMode(option), iconState(option)));
     QRect textRect;
     if (!text.isNull()) {
         // The text's size places it only when the selection leaves the decoration out; with
@@ -156,7 +157,8 @@ void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionView
     QRect checkRect;
     doLayout(option, &checkRect, &iconRect, &textRect, false);
     if (option.state & QStyle::State_Selected)
-        painter->fillRect(option.rect, option.palette.brush(colorGroup(option), QPalette::Highlight));
+        painter->fillRect(option.rect,
+                          option.palette.brush(colorGroup(option), QPalette::Highlight));
     paintIcon(painter, option, iconRect, icon);
     paintText(painter, option, textRect, text);
     drawFocus(painter, option, textRect);
@@ -191,7 +193,8 @@ void QtPropertyTreeDelegate::paintText(QPainter* painter, const QStyleOptionView
     // way, which elides and clips; a single line that fits is drawn from the kept layout.
     const bool oneLine = !text.isEmpty() && textRect.width() > 0
         && !(option.features & QStyleOptionViewItem::WrapText)
-        && !(option.state & QStyle::State_Editing) && !text.contains(QChar::LineSeparator) && !text.contains(QChar::ParagraphSeparator);
+        && !(option.state & QStyle::State_Editing) && !text.contains(QChar::LineSeparator)
+        && !text.contains(QChar::ParagraphSeparator);
     const ShapedText* shaped = oneLine ? &shapedText(option, text, textRect.width()) : nullptr;
     if (!shaped || textRect.width() < shaped->size.width()
         || textRect.height() < shaped->size.height()) {
@@ -216,7 +219,8 @@ const QtPropertyTreeDelegate::ShapedText&
 QtPropertyTreeDelegate::shapedText(const QStyleOptionViewItem& option, const QString& text,
                                    int width) const
 {
-    const Qt::Alignment alignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    const Qt::Alignment alignment
+        = QStyle::visualAlignment(option.direction, option.displayAlignment);
     const ShapedTextKey key {text, option.font, width, int(alignment), option.direction};
     const auto found = m_hShapedTexts.constFind(key);
     if (found != m_hShapedTexts.cend())
