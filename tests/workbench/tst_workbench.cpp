@@ -12,8 +12,12 @@
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QProcess>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QScrollArea>
 #include <QSet>
 #include <QSignalSpy>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidgetItemIterator>
@@ -61,6 +65,7 @@ private slots:
     void renamingAModule();
     void switchingTheLanguage();
     void theWindowIsNotBlank();
+    void moduleAssistantOpensAndCloses();
     void refusesALibraryWithoutNavigator();
     void screenshotOption();
     void pluginPathChoice_data();
@@ -196,6 +201,29 @@ void TestWorkbench::theWindowIsNotBlank()
     const QImage picture = m_poWindow->grab().toImage();
     QCOMPARE(picture.size(), m_poWindow->size() * m_poWindow->devicePixelRatioF());
     QVERIFY2(distinctColours(picture) > 20, qPrintable(QString::number(distinctColours(picture))));
+}
+
+void TestWorkbench::moduleAssistantOpensAndCloses()
+{
+    WidgetTree* dock = m_poWindow->poNavigator();
+    auto* pages = dock->findChild<QStackedWidget*>(QStringLiteral("editorAssistantPlaceHolder"));
+    auto* area = dock->findChild<QScrollArea*>(QStringLiteral("scrollArea"));
+    QVERIFY(pages && area);
+    QSignalSpy visible(dock, &WidgetTree::assistantWidgetVisible);
+    QVERIFY(QMetaObject::invokeMethod(dock, "displayAssistant"));
+    QCOMPARE(requestsWithId(47), 1);
+    QCOMPARE(pages->currentIndex(), 1);
+    QCOMPARE(visible.count(), 1);
+    QCOMPARE(visible.at(0).at(0).toBool(), true);
+    auto* assistant = qobject_cast<QQuickWidget*>(area->widget());
+    QVERIFY(assistant && assistant->rootObject());
+
+    // The page's own close button asks the dock to close it, and the host unloads it.
+    QVERIFY(QMetaObject::invokeMethod(assistant->rootObject(), "qmlCloseSignal"));
+    QCOMPARE(requestsWithId(47), 2);
+    QCOMPARE(pages->currentIndex(), 0);
+    QCOMPARE(visible.count(), 2);
+    QVERIFY(!assistant->rootObject());
 }
 
 void TestWorkbench::refusesALibraryWithoutNavigator()
