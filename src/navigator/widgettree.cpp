@@ -685,3 +685,36 @@ void WidgetTree::qmlSettingsSavedInfo()
         Settings::WAppSettings::instance()->save();
     }
 }
+
+bool WidgetTree::nodeIsBasicType(const Script::DItem& node)
+{
+    static const QStringList basicTypes
+        = {QStringLiteral("IDataBasicBool"), QStringLiteral("IDataBasicDouble"),
+           QStringLiteral("IDataBasicInt"), QStringLiteral("IDataBasicInt64"),
+           QStringLiteral("IDataBasicString")};
+    return basicTypes.contains(node.iDataType());
+}
+
+QString WidgetTree::extractStringFromBasicNode(const Script::DItem& node)
+{
+    // The order differs from the one of the shown text on purpose: an output that is both
+    // waiting and in error copies as "Not Available".
+    if (node.ioType() == Script::DItem::IoOutput && node.isInitialized())
+        return tr("Not Available");
+    if (node.ioType() == Script::DItem::IoOutput && node.hasErrorState())
+        return tr("Error");
+    if (node.ioType() == Script::DItem::IoInput && node.hasLinkError())
+        return tr("Error");
+    const QString& type = node.iDataType();
+    if (type == QLatin1String("IDataBasicBool"))
+        return node.property("IDataBasicBool.DynamicValue").toString();
+    if (type == QLatin1String("IDataBasicDouble"))
+        return QString::number(node.property("IDataNumeric.DynamicValue").toDouble(), 'f', 4);
+    if (type == QLatin1String("IDataBasicInt"))
+        return QString::number(node.property("IDataNumeric.DynamicValue").toInt());
+    if (type == QLatin1String("IDataBasicInt64"))
+        return QString::number(node.property("IDataNumeric.DynamicValue").toLongLong());
+    if (type == QLatin1String("IDataBasicString"))
+        return node.property("IDataBasicString.DynamicValue").toString();
+    return QString();
+}

@@ -24,6 +24,10 @@ class QQuickWidget;
 class Ui_NavigatorWidgetLayout;
 class WidgetTreeView;
 
+namespace Script {
+class DItem;
+}
+
 namespace PropertyBrowser {
 class WTreePropertyBrowser;
 }
@@ -90,6 +94,13 @@ public:
     void clearTreeSelection();
     /// Sets the translated name as the text and tool tip of @p item and its descendants.
     void retranslateTree(QTreeWidgetItem* item);
+
+    /// Whether @p node holds a plain value that can be copied as text: a bool, double, int,
+    /// 64-bit int or string node. Enumerations are left out on purpose.
+    static bool nodeIsBasicType(const Script::DItem& node);
+    /// The text that "Copy Node Value to Clipboard" puts on the clipboard for @p node; the states
+    /// "Not Available" and "Error" come before the value, and other types give an empty text.
+    static QString extractStringFromBasicNode(const Script::DItem& node);
     /// The "Add Module" row, for the host to place in the tree outside the job root's subtree.
     QTreeWidgetItem* poAddModuleItem();
 

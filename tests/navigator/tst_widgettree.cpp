@@ -5,6 +5,7 @@
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
 #include "sdk/command.h"
+#include "sdk/ditem.h"
 #include "sdk/widgetdescriptor.h"
 
 #include "testsupport.h"
@@ -137,6 +138,90 @@ private slots:
         QVERIFY2(component.errorString().contains(
                      QStringLiteral("Element type object cannot be created.")),
                  qPrintable(component.errorString()));
+    }
+
+    void copyText_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("ioType");
+        QTest::addColumn<bool>("notAvailable");
+        QTest::addColumn<bool>("error");
+        QTest::addColumn<bool>("linkError");
+        QTest::addColumn<QByteArray>("key");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("text");
+
+        const QByteArray number("IDataNumeric.DynamicValue");
+        QTest::newRow("output not available") << "IDataBasicInt" << 2 << true << false << false
+                                              << number << QVariant(5) << "Not Available";
+        QTest::newRow("output not available and in error: not available")
+            << "IDataBasicInt" << 2 << true << true << false << number << QVariant(5)
+            << "Not Available";
+        QTest::newRow("output in error") << "IDataBasicDouble" << 2 << false << true << false
+                                         << number << QVariant(1.5) << "Error";
+        QTest::newRow("input with a link error")
+            << "IDataBasicString" << 1 << false << false << true
+            << QByteArray("IDataBasicString.DynamicValue") << QVariant("x") << "Error";
+        QTest::newRow("input in error state shows its value")
+            << "IDataBasicInt" << 1 << true << true << false << number << QVariant(7) << "7";
+        QTest::newRow("output with a link error shows its value")
+            << "IDataBasicInt" << 2 << false << false << true << number << QVariant(8) << "8";
+        QTest::newRow("bool") << "IDataBasicBool" << 0 << false << false << false
+                              << QByteArray("IDataBasicBool.DynamicValue") << QVariant(true)
+                              << "true";
+        QTest::newRow("double, four decimals") << "IDataBasicDouble" << 0 << false << false << false
+                                               << number << QVariant(1234.56789) << "1234.5679";
+        QTest::newRow("int") << "IDataBasicInt" << 1 << false << false << false << number
+                             << QVariant(-42) << "-42";
+        QTest::newRow("int64") << "IDataBasicInt64" << 1 << false << false << false << number
+                               << QVariant(qlonglong(-9223372036854775807LL - 1))
+                               << "-9223372036854775808";
+        QTest::newRow("string") << "IDataBasicString" << 0 << false << false << false
+                                << QByteArray("IDataBasicString.DynamicValue") << QVariant("a\tb")
+                                << "a\tb";
+        QTest::newRow("enum copies nothing")
+            << "IDataBasicEnum" << 0 << false << false << false
+            << QByteArray("IDataBasicEnum.DynamicStringnifiedValue") << QVariant("On") << "";
+        QTest::newRow("missing value") << "IDataBasicDouble" << 0 << false << false << false
+                                       << QByteArray("Other") << QVariant(1) << "0.0000";
+    }
+
+    void copyText()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, ioType);
+        QFETCH(bool, notAvailable);
+        QFETCH(bool, error);
+        QFETCH(bool, linkError);
+        QFETCH(QByteArray, key);
+        QFETCH(QVariant, value);
+        QFETCH(QString, text);
+        Script::DItem node(QStringLiteral("Job.Module.Node"), type, Script::DItem::IoType(ioType));
+        node.setInitialized(notAvailable);
+        node.setErrorState(error);
+        node.setLinkError(linkError);
+        node.setProperty(key.constData(), value);
+        QCOMPARE(WidgetTree::extractStringFromBasicNode(node), text);
+    }
+
+    void basicTypes_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("basic");
+        for (const char* type : {"IDataBasicBool", "IDataBasicDouble", "IDataBasicInt",
+                                 "IDataBasicInt64", "IDataBasicString"})
+            QTest::newRow(type) << QString::fromLatin1(type) << true;
+        QTest::newRow("enumerations are not") << "IDataBasicEnum" << false;
+        QTest::newRow("exact case only") << "IDataBasicint" << false;
+        QTest::newRow("images are not") << "IDataImage" << false;
+    }
+
+    void basicTypes()
+    {
+        QFETCH(QString, type);
+        QFETCH(bool, basic);
+        const Script::DItem node(QStringLiteral("Job.Node"), type);
+        QCOMPARE(WidgetTree::nodeIsBasicType(node), basic);
     }
 
     void destroyNullDoesNothing()
