@@ -195,5 +195,13 @@
       <source>Bottle found</source>
       <translation>Flasche gefunden</translation>
     </message>
+    <message>
+      <source>Error</source>
+      <translation>Fehler</translation>
+    </message>
+    <message>
+      <source>Not Available</source>
+      <translation>Nicht verfügbar</translation>
+    </message>
   </context>
 </TS>

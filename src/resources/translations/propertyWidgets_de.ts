@@ -2,12 +2,44 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
   <context>
+    <name>DItemNavPainter</name>
+    <message>
+      <location filename="../../navigator/ditemnavpainter.cpp" line="25" />
+      <source>Not Linked</source>
+      <translation>Nicht verknüpft</translation>
+    </message>
+  </context>
+  <context>
     <name>NavigatorWidgetLayout</name>
     <message>
       <location filename="../../navigator/widgettree.ui" line="14" />
       <location filename="../../navigator/widgettree.cpp" line="301" />
       <source>  Project Window</source>
       <translation>  Projektfenster</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Managers::BinaryFilePropertyManager</name>
+    <message>
+      <location filename="../../property_model/binaryfilepropertymanager.cpp" line="28" />
+      <source>Not Loaded</source>
+      <translation>Nicht geladen</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Managers::BinaryPropertyManager</name>
+    <message>
+      <location filename="../../property_model/binarypropertymanager.cpp" line="30" />
+      <source>Not Linked</source>
+      <translation>Nicht verknüpft</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Managers::ImagePropertyManager</name>
+    <message>
+      <location filename="../../property_model/imagepropertymanager.cpp" line="34" />
+      <source>Not Linked</source>
+      <translation>Nicht verknüpft</translation>
     </message>
   </context>
   <context>
@@ -110,6 +142,17 @@
       <location filename="../../navigator/widgettree.cpp" line="678" />
       <source>Don't show this message again</source>
       <translation>Diese Meldung nicht mehr anzeigen</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="703" />
+      <source>Not Available</source>
+      <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+      <location filename="../../navigator/widgettree.cpp" line="705" />
+      <location filename="../../navigator/widgettree.cpp" line="707" />
+      <source>Error</source>
+      <translation>Fehler</translation>
     </message>
   </context>
   <context>

@@ -1,0 +1,76 @@
+#include "property_model/basepropertymanager.h"
+
+#include "property_model/widgetproperty.h"
+#include "sdk/apputils.h"
+#include "sdk/ditem.h"
+
+#include <QVariant>
+
+namespace PropertyBrowser {
+namespace Managers {
+
+QIcon BasePropertyManager::emptyIcon;
+QIcon BasePropertyManager::checkBoxChecked;
+QIcon BasePropertyManager::checkBoxUnhecked;
+
+namespace {
+
+// The host may answer with something other than an icon; that must not break a row.
+QIcon checkBoxIcon(bool checked)
+{
+    const QVariant icon = App::Utils(App::UtilsCheckBoxIcon, QVariant(checked));
+    return icon.canConvert<QIcon>() ? icon.value<QIcon>() : QIcon();
+}
+
+} // namespace
+
+BasePropertyManager::BasePropertyManager()
+    : resources(std::make_shared<Resources>())
+{
+    static bool iconsInitialized = false;
+    if (!iconsInitialized) {
+        emptyIcon = QIcon();
+        checkBoxChecked = checkBoxIcon(true);
+        checkBoxUnhecked = checkBoxIcon(false);
+        iconsInitialized = true;
+    }
+}
+
+BasePropertyManager::~BasePropertyManager() = default;
+
+QIcon BasePropertyManager::valueIcon(QtProperty const*) const
+{
+    return QIcon();
+}
+
+QIcon BasePropertyManager::propertyIcon(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    if (node && node->ioType() == Script::DItem::IoInput)
+        return node->isLinked() ? resources->linked : resources->notLinked;
+    return emptyIcon;
+}
+
+QString BasePropertyManager::valueText(QtProperty const*) const
+{
+    return QString();
+}
+
+QString BasePropertyManager::toolTipText(QtProperty const* property) const
+{
+    return valueText(property);
+}
+
+WidgetProperty const* BasePropertyManager::poWidgetProperty(QtProperty const* property)
+{
+    return dynamic_cast<WidgetProperty const*>(property);
+}
+
+Script::DItem const* BasePropertyManager::poNode(QtProperty const* property)
+{
+    const WidgetProperty* row = poWidgetProperty(property);
+    return row ? row->node : nullptr;
+}
+
+} // namespace Managers
+} // namespace PropertyBrowser

@@ -1,0 +1,70 @@
+#include "property_model/boolpropertymanager.h"
+
+#include "navigator/ditemnavpainter.h"
+#include "property_model/widgetproperty.h"
+#include "sdk/apptranslation.h"
+#include "sdk/ditem.h"
+
+namespace PropertyBrowser {
+namespace Managers {
+
+BoolPropertyManager::BoolPropertyManager(QObject* parent)
+    : QtBoolPropertyManager(parent)
+{ }
+
+BoolPropertyManager::~BoolPropertyManager() = default;
+
+QtProperty* BoolPropertyManager::createProperty()
+{
+    return new WidgetProperty(this);
+}
+
+bool BoolPropertyManager::value(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    return node && node->property("IDataBasicBool.DynamicValue").toBool();
+}
+
+QString BoolPropertyManager::valueText(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return QString();
+    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
+    if (text)
+        return *text;
+    if (node->isLinked())
+        return QString();
+    return App::getTranslatedName(node->property("IDataBasicBool.ActionReply").toString());
+}
+
+QIcon BoolPropertyManager::valueIcon(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return emptyIcon;
+    // An output without a value to show and a linked node show no stale check mark.
+    if (node->ioType() == Script::DItem::IoOutput
+        && (node->hasErrorState() || node->isInitialized()))
+        return emptyIcon;
+    if (node->isLinked())
+        return emptyIcon;
+    return value(property) ? checkBoxChecked : checkBoxUnhecked;
+}
+
+bool BoolPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
+{
+    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
+    return true;
+}
+
+void BoolPropertyManager::setValue(QtProperty* property, bool value)
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return;
+    emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue, value, false);
+}
+
+} // namespace Managers
+} // namespace PropertyBrowser

@@ -1,0 +1,119 @@
+#include "property_model/int64propertymanager.h"
+
+#include "navigator/ditemnavpainter.h"
+#include "property_model/widgetproperty.h"
+#include "sdk/apptranslation.h"
+#include "sdk/ditem.h"
+
+#include <QStringList>
+
+namespace PropertyBrowser {
+namespace Managers {
+
+namespace {
+
+// A row whose node is gone or not yet bound reads as 0, like a node without the key.
+long long nodeValue(QtProperty const* property, const char* key)
+{
+    const WidgetProperty* row = dynamic_cast<WidgetProperty const*>(property);
+    return row && row->node ? row->variantToVal<long>(row->node->property(key)) : 0;
+}
+
+} // namespace
+
+Int64PropertyManager::Int64PropertyManager(QObject* parent)
+    : QtAbstractPropertyManager(parent)
+{ }
+
+Int64PropertyManager::~Int64PropertyManager() = default;
+
+QtProperty* Int64PropertyManager::createProperty()
+{
+    return new WidgetProperty(this);
+}
+
+QString Int64PropertyManager::toolTipText(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return QString();
+    const bool stateRow = node->property("IData.Description")
+                              .toString()
+                              .contains(QLatin1String("Module State"), Qt::CaseSensitive)
+        || minimum(property) == maximum(property);
+    if (!stateRow)
+        return BasePropertyManager::toolTipText(property);
+    // The host's text may carry a NUL; the description ends there.
+    // State numbers are small; the host's description takes an int.
+    const std::string description
+        = WidgetProperty::m_ErrorDescription(static_cast<int>(value(property)));
+    return App::getTranslation(QString::fromUtf8(description.c_str()),
+                               QStringList(QStringLiteral("IData")));
+}
+
+long long Int64PropertyManager::value(QtProperty const* property) const
+{
+    return nodeValue(property, "IDataNumeric.DynamicValue");
+}
+
+long long Int64PropertyManager::minimum(QtProperty const* property) const
+{
+    return nodeValue(property, "IDataNumeric.LocalMin");
+}
+
+long long Int64PropertyManager::maximum(QtProperty const* property) const
+{
+    return nodeValue(property, "IDataNumeric.LocalMax");
+}
+
+long long Int64PropertyManager::singleStep(QtProperty const* property) const
+{
+    return nodeValue(property, "IDataNumeric.LocalStep");
+}
+
+QString Int64PropertyManager::valueText(QtProperty const* property) const
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return QString();
+    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
+    if (text)
+        return *text;
+    return QVariant(value(property)).toString();
+}
+
+void Int64PropertyManager::initializeProperty(QtProperty*) { }
+
+QIcon Int64PropertyManager::valueIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::valueIcon(property);
+}
+
+bool Int64PropertyManager::setLink(QString const& nodePath, QString const& linkPath)
+{
+    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
+    return true;
+}
+
+void Int64PropertyManager::setLimits(QtProperty* property, long long minimum, long long maximum)
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return;
+    QMap<QString, QVariant> limits;
+    limits.insert(QStringLiteral("Min"), QVariant::fromValue(minimum));
+    limits.insert(QStringLiteral("Max"), QVariant::fromValue(maximum));
+    emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetLimits, limits, false);
+}
+
+void Int64PropertyManager::setValue(QtProperty* property, long long value)
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return;
+    emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue,
+                         QVariant::fromValue(value), false);
+}
+
+} // namespace Managers
+} // namespace PropertyBrowser
