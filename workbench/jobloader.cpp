@@ -459,12 +459,12 @@ bool JobBuilder::bApplyImage(Script::GraphicItems::WImage::Image& image, const Q
 {
     const QJsonValue size = object.value(QStringLiteral("image"));
     if (!size.isUndefined()) {
-        const QJsonObject spec = size.toObject();
-        const int width = spec.value(QStringLiteral("width")).toInt(0);
-        const int height = spec.value(QStringLiteral("height")).toInt(0);
+        const QJsonObject described = size.toObject();
+        const int width = described.value(QStringLiteral("width")).toInt(0);
+        const int height = described.value(QStringLiteral("height")).toInt(0);
         if (width <= 0 || height <= 0 || width > 4096 || height > 4096)
             return bFail(QStringLiteral("\"image\" needs a width and height from 1 to 4096"));
-        const QColor color(spec.value(QStringLiteral("color")).toString());
+        const QColor color(described.value(QStringLiteral("color")).toString());
         // A soft gradient with a few shapes, so that previews show something to look at.
         QImage picture(width, height, QImage::Format_RGB32);
         QPainter painter(&picture);
