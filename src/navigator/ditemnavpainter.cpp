@@ -24,10 +24,10 @@ QSharedPointer<QString> DItemNavPainter::getValueText() const
             return QSharedPointer<QString>();
         return QSharedPointer<QString>::create(tr("Not Linked"));
     }
-    // The last segment of the path is the linked node's own name; taken without splitting the
-    // whole path, since this runs at every paint of a linked row.
+    // The last segment of the path is the linked node's own name; read in place, without
+    // splitting the path or copying the segment, since this runs at every paint of a linked row.
     const QString path = m_roNode.linkedPath();
-    const QString name = path.mid(path.lastIndexOf(QLatin1Char('.')) + 1);
+    const QStringRef name = path.midRef(path.lastIndexOf(QLatin1Char('.')) + 1);
     // The host keys its names by UTF-8 text, so a name is looked up as its UTF-8 reading.
     return QSharedPointer<QString>::create(
         App::getTranslatedName(QString::fromUtf8(name.toUtf8())));
