@@ -5,10 +5,12 @@
 #include "testsupport.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
@@ -128,6 +130,66 @@ private slots:
         QVERIFY(!recorder->m_lStates.isEmpty());
         for (QStyle::State state : recorder->m_lStates)
             QVERIFY(!(state & QStyle::State_Enabled));
+    }
+
+    void looksLikeADisabledWidget_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("push button") << "QPushButton";
+        QTest::newRow("check box") << "QCheckBox";
+        QTest::newRow("line edit") << "QLineEdit";
+        QTest::newRow("slider") << "QSlider";
+    }
+
+    void looksLikeADisabledWidget()
+    {
+        QFETCH(QString, kind);
+        auto make = [&kind]() -> std::unique_ptr<QWidget> {
+            if (kind == QLatin1String("QPushButton"))
+                return std::make_unique<QPushButton>(QStringLiteral("Run"));
+            if (kind == QLatin1String("QCheckBox"))
+                return std::make_unique<QCheckBox>(QStringLiteral("Trigger"));
+            if (kind == QLatin1String("QLineEdit"))
+                return std::make_unique<QLineEdit>(QStringLiteral("250"));
+            auto slider = std::make_unique<QSlider>(Qt::Horizontal);
+            slider->setValue(40);
+            return slider;
+        };
+        // The disabled colours in every group, as the navigator sets them for its locked look.
+        QPalette palette = QApplication::palette();
+        for (int role = QPalette::WindowText; role <= QPalette::AlternateBase; ++role) {
+            const auto colorRole = QPalette::ColorRole(role);
+            palette.setBrush(QPalette::All, colorRole,
+                             palette.brush(QPalette::Disabled, colorRole));
+        }
+        DisabledLookStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
+        std::unique_ptr<QStyle> fusion(QStyleFactory::create(QStringLiteral("Fusion")));
+
+        std::unique_ptr<QWidget> looked = make();
+        ::forceStyle(looked.get(), palette, &style, true);
+        std::unique_ptr<QWidget> disabled = make();
+        ::forceStyle(disabled.get(), QApplication::palette(), fusion.get(), true);
+        disabled->setEnabled(false);
+        for (QWidget* widget : {looked.get(), disabled.get()})
+            widget->resize(140, 36);
+
+        QImage lookedImage(looked->size(), QImage::Format_ARGB32);
+        QImage disabledImage(disabled->size(), QImage::Format_ARGB32);
+        lookedImage.fill(Qt::transparent);
+        disabledImage.fill(Qt::transparent);
+        looked->render(&lookedImage);
+        disabled->render(&disabledImage);
+        QVERIFY(looked->isEnabled());
+        QCOMPARE(lookedImage, disabledImage);
+
+        // And it is not simply what any enabled widget looks like.
+        std::unique_ptr<QWidget> enabled = make();
+        ::forceStyle(enabled.get(), QApplication::palette(), fusion.get(), true);
+        enabled->resize(140, 36);
+        QImage enabledImage(enabled->size(), QImage::Format_ARGB32);
+        enabledImage.fill(Qt::transparent);
+        enabled->render(&enabledImage);
+        QVERIFY(enabledImage != disabledImage);
     }
 
     void styledWidgetKeepsWorking()
