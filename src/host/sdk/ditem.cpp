@@ -4,6 +4,7 @@
 #include "sdk/command.h"
 #include "sdk/image.h"
 
+#include <QSet>
 #include <QVariant>
 #include <QVariantList>
 
@@ -250,7 +251,8 @@ QList<DItem*> DItem::childNodes() const
 {
     // The key is the host's record of the tree; a child deleted since only remains there as an
     // address, so only addresses that are still our children count.
-    const QList<DItem*> liveChildren = findChildren<DItem*>(QString(), Qt::FindDirectChildrenOnly);
+    const QList<DItem*> children = findChildren<DItem*>(QString(), Qt::FindDirectChildrenOnly);
+    const QSet<DItem*> liveChildren(children.cbegin(), children.cend());
     QList<DItem*> nodes;
     for (const QVariant& entry : property("IData.Children").toList()) {
         auto* node = reinterpret_cast<DItem*>(static_cast<quintptr>(entry.toULongLong()));
