@@ -1,10 +1,14 @@
 #include "property_model/basepropertymanager.h"
 
 #include "property_model/widgetproperty.h"
+#include "sdk/apptranslation.h"
 #include "sdk/apputils.h"
 #include "sdk/ditem.h"
 
+#include <QStringList>
 #include <QVariant>
+
+#include <string>
 
 namespace PropertyBrowser {
 namespace Managers {
@@ -70,6 +74,24 @@ Script::DItem const* BasePropertyManager::poNode(QtProperty const* property)
 {
     const WidgetProperty* row = poWidgetProperty(property);
     return row ? row->node : nullptr;
+}
+
+QString BasePropertyManager::stateToolTipText(QtProperty const* property, int state,
+                                              bool equalLimits) const
+{
+    const Script::DItem* node = poNode(property);
+    if (!node)
+        return QString();
+    const bool stateRow = equalLimits
+        || node->property("IData.Description")
+               .toString()
+               .contains(QLatin1String("Module State"), Qt::CaseSensitive);
+    if (!stateRow)
+        return BasePropertyManager::toolTipText(property);
+    // The host's text may carry a NUL; the description ends there.
+    const std::string description = WidgetProperty::m_ErrorDescription(state);
+    return App::getTranslation(QString::fromUtf8(description.c_str()),
+                               QStringList(QStringLiteral("IData")));
 }
 
 } // namespace Managers

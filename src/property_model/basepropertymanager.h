@@ -41,6 +41,9 @@ public:
     virtual QString toolTipText(QtProperty const* property) const;
 
 protected:
+    /// The tool tip of an integer row: the host's description of @p state for a row of a module
+    /// state (its description names one, or its limits are equal), otherwise the base text.
+    QString stateToolTipText(QtProperty const* property, int state, bool equalLimits) const;
     /// The row behind @p property, or null for a null property or one that is no row.
     static WidgetProperty const* poWidgetProperty(QtProperty const* property);
     /// The node of @p property, or null when there is no row or the row has no node yet.

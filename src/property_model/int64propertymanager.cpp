@@ -2,10 +2,7 @@
 
 #include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
-#include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
-
-#include <QStringList>
 
 namespace PropertyBrowser {
 namespace Managers {
@@ -34,21 +31,9 @@ QtProperty* Int64PropertyManager::createProperty()
 
 QString Int64PropertyManager::toolTipText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const bool stateRow = node->property("IData.Description")
-                              .toString()
-                              .contains(QLatin1String("Module State"), Qt::CaseSensitive)
-        || minimum(property) == maximum(property);
-    if (!stateRow)
-        return BasePropertyManager::toolTipText(property);
-    // The host's text may carry a NUL; the description ends there.
     // State numbers are small; the host's description takes an int.
-    const std::string description
-        = WidgetProperty::m_ErrorDescription(static_cast<int>(value(property)));
-    return App::getTranslation(QString::fromUtf8(description.c_str()),
-                               QStringList(QStringLiteral("IData")));
+    return stateToolTipText(property, static_cast<int>(value(property)),
+                            minimum(property) == maximum(property));
 }
 
 long long Int64PropertyManager::value(QtProperty const* property) const

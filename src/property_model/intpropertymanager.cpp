@@ -2,10 +2,7 @@
 
 #include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
-#include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
-
-#include <QStringList>
 
 namespace PropertyBrowser {
 namespace Managers {
@@ -34,19 +31,7 @@ QtProperty* IntPropertyManager::createProperty()
 
 QString IntPropertyManager::toolTipText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const bool stateRow = node->property("IData.Description")
-                              .toString()
-                              .contains(QLatin1String("Module State"), Qt::CaseSensitive)
-        || minimum(property) == maximum(property);
-    if (!stateRow)
-        return BasePropertyManager::toolTipText(property);
-    // The host's text may carry a NUL; the description ends there.
-    const std::string description = WidgetProperty::m_ErrorDescription(value(property));
-    return App::getTranslation(QString::fromUtf8(description.c_str()),
-                               QStringList(QStringLiteral("IData")));
+    return stateToolTipText(property, value(property), minimum(property) == maximum(property));
 }
 
 int IntPropertyManager::value(QtProperty const* property) const
