@@ -9,6 +9,7 @@
 #include "sdk/image.h"
 
 #include "../propertybrowser/propertymetatype.h"
+#include "managertestsupport.h"
 #include "testsupport.h"
 
 #include <QSignalSpy>
@@ -26,10 +27,14 @@ using PropertyBrowser::Managers::PointPropertyManager;
 using Script::GraphicItems::WImage::Image;
 using Command = VardeenDefs::PropertyEditor::Command;
 
+using ManagerTest::Chain;
+using ManagerTest::chainImage;
+using ManagerTest::iconImage;
+using ManagerTest::verifyOnlyEdit;
+
 namespace {
 
 enum class Kind { Image, Point, Binary, BinaryFile };
-enum class Chain { None, Open, Closed, Partial };
 
 // One manager of each kind behind one face, so that a table row can name the kind.
 struct Fixture
@@ -86,43 +91,9 @@ struct Fixture
     QtProperty* property = nullptr;
 };
 
-QImage iconImage(const QIcon& icon)
-{
-    return icon.pixmap(16, 16).toImage();
-}
-
-QImage chainImage(Chain chain)
-{
-    switch (chain) {
-    case Chain::Open:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_open.svg")));
-    case Chain::Closed:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_closed.svg")));
-    case Chain::Partial:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_partial.svg")));
-    case Chain::None:
-        break;
-    }
-    return QImage();
-}
-
-// The spy's only emission, checked argument by argument.
-void verifyEdit(const QSignalSpy& spy, const QString& path, Command command, const QVariant& params)
-{
-    QCOMPARE(spy.count(), 1);
-    const QList<QVariant> arguments = spy.at(0);
-    QCOMPARE(arguments.at(0).toString(), path);
-    QCOMPARE(arguments.at(1).value<Command>(), command);
-    QCOMPARE(arguments.at(2).userType(), params.userType());
-    QCOMPARE(arguments.at(2), params);
-    QCOMPARE(arguments.at(3).userType(), int(QMetaType::Bool));
-    QCOMPARE(arguments.at(3).toBool(), false);
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
-Q_DECLARE_METATYPE(Chain)
 
 class TestImagePointBinaryManagers : public QObject
 {
@@ -171,13 +142,7 @@ void TestImagePointBinaryManagers::cleanup()
 void TestImagePointBinaryManagers::nodeStates_data()
 {
     QTest::addColumn<Kind>("kind");
-    QTest::addColumn<int>("ioType");
-    QTest::addColumn<bool>("linkable");
-    QTest::addColumn<bool>("linked");
-    QTest::addColumn<bool>("linkError");
-    QTest::addColumn<bool>("error");
-    QTest::addColumn<bool>("initialized");
-    QTest::addColumn<int>("outOfRange");
+    ManagerTest::addNodeStateColumns();
     QTest::addColumn<QString>("text");
     QTest::addColumn<QColor>("color");
     QTest::addColumn<Chain>("chain");
@@ -249,26 +214,12 @@ void TestImagePointBinaryManagers::nodeStates_data()
 void TestImagePointBinaryManagers::nodeStates()
 {
     QFETCH(Kind, kind);
-    QFETCH(int, ioType);
-    QFETCH(bool, linkable);
-    QFETCH(bool, linked);
-    QFETCH(bool, linkError);
-    QFETCH(bool, error);
-    QFETCH(bool, initialized);
-    QFETCH(int, outOfRange);
     QFETCH(QString, text);
     QFETCH(QColor, color);
     QFETCH(Chain, chain);
 
     Fixture f(kind);
-    f.node->setIoType(static_cast<Script::DItem::IoType>(ioType));
-    f.node->setLinkable(linkable);
-    f.node->setLinked(linked);
-    f.node->setLinkedPath(linked ? QStringLiteral("Job.Other.Source") : QString());
-    f.node->setLinkError(linkError);
-    f.node->setErrorState(error);
-    f.node->setInitialized(initialized);
-    f.node->setOutOfRangeCounter(outOfRange);
+    ManagerTest::applyNodeState(*f.node);
 
     QCOMPARE(f.property->valueText(), text);
     QCOMPARE(f.base->valueText(f.property), text);
@@ -422,8 +373,8 @@ void TestImagePointBinaryManagers::setValueImage()
     mask.fill(Qt::white);
     mask.setPixel(1, 1, qRgb(0, 0, 0));
     manager->setValue(f.property, mask);
-    verifyEdit(spy, QStringLiteral("Job.Camera.Picture"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(mask));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Camera.Picture"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(mask));
 }
 
 void TestImagePointBinaryManagers::setValueBinary()
@@ -433,8 +384,8 @@ void TestImagePointBinaryManagers::setValueBinary()
     QSignalSpy spy(manager, &BinaryPropertyManager::vPropertyEdited);
     const QByteArray bytes("\x00\x01\xff", 3);
     manager->setValue(f.property, bytes);
-    verifyEdit(spy, QStringLiteral("Job.Serial.Bytes"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(bytes));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Serial.Bytes"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(bytes));
 }
 
 void TestImagePointBinaryManagers::setValueBinaryFile()
@@ -450,8 +401,8 @@ void TestImagePointBinaryManagers::setValueBinaryFile()
     expected.insert(QStringLiteral("FileName"), QStringLiteral("part.dxf"));
     expected.insert(QStringLiteral("Extension"), QStringLiteral("dxf"));
     expected.insert(QStringLiteral("Description"), QStringLiteral("Drawing"));
-    verifyEdit(spy, QStringLiteral("Job.Model.File"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(expected));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Model.File"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(expected));
     const QVariantMap sent = spy.at(0).at(2).toMap();
     QCOMPARE(sent.size(), 4);
     QCOMPARE(sent.value(QStringLiteral("BinaryData")).userType(), int(QMetaType::QByteArray));
@@ -513,7 +464,7 @@ void TestImagePointBinaryManagers::setLink()
         break;
     }
     QVERIFY(accepted);
-    verifyEdit(spy, path, VardeenDefs::PropertyEditor::SetLink, QVariant(linkPath));
+    verifyOnlyEdit(spy, path, VardeenDefs::PropertyEditor::SetLink, QVariant(linkPath));
 }
 
 void TestImagePointBinaryManagers::selectLinkImage_data()
@@ -530,8 +481,8 @@ void TestImagePointBinaryManagers::selectLinkImage()
     auto* manager = static_cast<ImagePropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &ImagePropertyManager::vPropertyEdited);
     QVERIFY(manager->selectLink(QStringLiteral("Job.Camera.Picture"), linkPath));
-    verifyEdit(spy, QStringLiteral("Job.Camera.Picture"), VardeenDefs::PropertyEditor::SelectLink,
-               QVariant(linkPath));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Camera.Picture"),
+                   VardeenDefs::PropertyEditor::SelectLink, QVariant(linkPath));
 }
 
 QTEST_MAIN(TestImagePointBinaryManagers)

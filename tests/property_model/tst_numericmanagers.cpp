@@ -7,6 +7,7 @@
 
 #include "../navigator/tabletranslator.h"
 #include "../propertybrowser/propertymetatype.h"
+#include "managertestsupport.h"
 #include "testsupport.h"
 
 #include <QSignalSpy>
@@ -22,10 +23,14 @@ using PropertyBrowser::Managers::Int64PropertyManager;
 using PropertyBrowser::Managers::IntPropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 
+using ManagerTest::Chain;
+using ManagerTest::chainImage;
+using ManagerTest::iconImage;
+using ManagerTest::verifyOnlyEdit;
+
 namespace {
 
 enum class Kind { Int, Int64, Double };
-enum class Chain { None, Open, Closed };
 
 // One manager of each kind behind one face, so that a table row can name the kind.
 struct Fixture
@@ -57,40 +62,9 @@ struct Fixture
     QtProperty* property = nullptr;
 };
 
-QImage iconImage(const QIcon& icon)
-{
-    return icon.pixmap(16, 16).toImage();
-}
-
-QImage chainImage(Chain chain)
-{
-    switch (chain) {
-    case Chain::Open:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_open.svg")));
-    case Chain::Closed:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_closed.svg")));
-    case Chain::None:
-        break;
-    }
-    return QImage();
-}
-
-// The spy's only emission, checked argument by argument.
-void verifyEdit(const QSignalSpy& spy, const QString& path, Command command, const QVariant& params)
-{
-    QCOMPARE(spy.count(), 1);
-    const QList<QVariant> arguments = spy.at(0);
-    QCOMPARE(arguments.at(0).toString(), path);
-    QCOMPARE(arguments.at(1).value<Command>(), command);
-    QCOMPARE(arguments.at(2).userType(), params.userType());
-    QCOMPARE(arguments.at(2), params);
-    QCOMPARE(arguments.at(3).toBool(), false);
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
-Q_DECLARE_METATYPE(Chain)
 
 class TestNumericManagers : public QObject
 {
@@ -143,13 +117,7 @@ void TestNumericManagers::cleanup()
 void TestNumericManagers::nodeStates_data()
 {
     QTest::addColumn<Kind>("kind");
-    QTest::addColumn<int>("ioType");
-    QTest::addColumn<bool>("linkable");
-    QTest::addColumn<bool>("linked");
-    QTest::addColumn<bool>("linkError");
-    QTest::addColumn<bool>("error");
-    QTest::addColumn<bool>("initialized");
-    QTest::addColumn<int>("outOfRange");
+    ManagerTest::addNodeStateColumns();
     QTest::addColumn<QString>("text");
     QTest::addColumn<QColor>("color");
     QTest::addColumn<Chain>("chain");
@@ -210,26 +178,12 @@ void TestNumericManagers::nodeStates_data()
 void TestNumericManagers::nodeStates()
 {
     QFETCH(Kind, kind);
-    QFETCH(int, ioType);
-    QFETCH(bool, linkable);
-    QFETCH(bool, linked);
-    QFETCH(bool, linkError);
-    QFETCH(bool, error);
-    QFETCH(bool, initialized);
-    QFETCH(int, outOfRange);
     QFETCH(QString, text);
     QFETCH(QColor, color);
     QFETCH(Chain, chain);
 
     Fixture f(kind);
-    f.node->setIoType(static_cast<Script::DItem::IoType>(ioType));
-    f.node->setLinkable(linkable);
-    f.node->setLinked(linked);
-    f.node->setLinkedPath(linked ? QStringLiteral("Job.Other.Source") : QString());
-    f.node->setLinkError(linkError);
-    f.node->setErrorState(error);
-    f.node->setInitialized(initialized);
-    f.node->setOutOfRangeCounter(outOfRange);
+    ManagerTest::applyNodeState(*f.node);
 
     QCOMPARE(f.property->valueText(), text);
     QCOMPARE(f.base->valueText(f.property), text);
@@ -474,12 +428,12 @@ void TestNumericManagers::setValueInteger()
 
     QSignalSpy intSpy(&intManager, &IntPropertyManager::vPropertyEdited);
     intManager.setValue(intRow, -5);
-    verifyEdit(intSpy, QStringLiteral("Job.Blob.Count"), Command::SetValue, QVariant(-5));
+    verifyOnlyEdit(intSpy, QStringLiteral("Job.Blob.Count"), Command::SetValue, QVariant(-5));
 
     QSignalSpy int64Spy(&int64Manager, &Int64PropertyManager::vPropertyEdited);
     int64Manager.setValue(int64Row, Q_INT64_C(-9000000000));
-    verifyEdit(int64Spy, QStringLiteral("Job.Blob.Count"), Command::SetValue,
-               QVariant::fromValue(Q_INT64_C(-9000000000)));
+    verifyOnlyEdit(int64Spy, QStringLiteral("Job.Blob.Count"), Command::SetValue,
+                   QVariant::fromValue(Q_INT64_C(-9000000000)));
 }
 
 void TestNumericManagers::setValueDouble_data()
@@ -510,7 +464,7 @@ void TestNumericManagers::setValueDouble()
     auto* manager = static_cast<DoublePropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &DoublePropertyManager::vPropertyEdited);
     manager->setValue(f.property, value);
-    verifyEdit(spy, QStringLiteral("Job.Blob.Area"), Command::SetValue, QVariant(sent));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Blob.Area"), Command::SetValue, QVariant(sent));
     // Nothing is kept: the row still shows what the node says.
     QCOMPARE(f.property->valueText(), QStringLiteral("1234.5000"));
 }
@@ -546,8 +500,8 @@ void TestNumericManagers::setLink()
         accepted = static_cast<DoublePropertyManager*>(f.manager.get())
                        ->setLink(QStringLiteral("Job.Any.Node"), linkPath);
     QVERIFY(accepted);
-    verifyEdit(spy, QStringLiteral("Job.Any.Node"), Command::SetLink,
-               QVariant(linkPath.isNull() ? QStringLiteral("") : linkPath));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Any.Node"), Command::SetLink,
+                   QVariant(linkPath.isNull() ? QStringLiteral("") : linkPath));
 }
 
 void TestNumericManagers::setLimits_data()
@@ -588,7 +542,7 @@ void TestNumericManagers::setLimits()
     QVariantMap limits;
     limits.insert(QStringLiteral("Min"), minimum);
     limits.insert(QStringLiteral("Max"), maximum);
-    verifyEdit(spy, QStringLiteral("Job.Blob.Area"), Command::SetLimits, limits);
+    verifyOnlyEdit(spy, QStringLiteral("Job.Blob.Area"), Command::SetLimits, limits);
     const QVariantMap sent = spy.at(0).at(2).toMap();
     QCOMPARE(sent.value(QStringLiteral("Min")).userType(), minimum.userType());
     QCOMPARE(sent.value(QStringLiteral("Max")).userType(), maximum.userType());

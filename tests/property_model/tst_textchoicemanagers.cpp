@@ -9,6 +9,7 @@
 
 #include "../navigator/tabletranslator.h"
 #include "../propertybrowser/propertymetatype.h"
+#include "managertestsupport.h"
 #include "testsupport.h"
 
 #include <QCoreApplication>
@@ -26,10 +27,14 @@ using PropertyBrowser::Managers::OcrFilterPropertyManager;
 using PropertyBrowser::Managers::StringPropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 
+using ManagerTest::Chain;
+using ManagerTest::chainImage;
+using ManagerTest::iconImage;
+using ManagerTest::verifyEdit;
+
 namespace {
 
 enum class Kind { String, Bool, Enum, IData, OcrFilter };
-enum class Chain { None, Open, Closed };
 enum class Check { None, Checked, Unchecked };
 
 const QString iTab = QStringLiteral("a\tb");
@@ -83,24 +88,6 @@ struct Fixture
     QtProperty* property = nullptr;
 };
 
-QImage iconImage(const QIcon& icon)
-{
-    return icon.pixmap(16, 16).toImage();
-}
-
-QImage chainImage(Chain chain)
-{
-    switch (chain) {
-    case Chain::Open:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_open.svg")));
-    case Chain::Closed:
-        return iconImage(QIcon(QStringLiteral(":/images/chain_closed.svg")));
-    case Chain::None:
-        break;
-    }
-    return QImage();
-}
-
 QImage checkImage(Check check)
 {
     switch (check) {
@@ -114,24 +101,9 @@ QImage checkImage(Check check)
     return QImage();
 }
 
-// The spy's emission @p index, checked argument by argument.
-void verifyEdit(const QSignalSpy& spy, int index, const QString& path, Command command,
-                const QVariant& params)
-{
-    QVERIFY(spy.count() > index);
-    const QList<QVariant> arguments = spy.at(index);
-    QCOMPARE(arguments.at(0).toString(), path);
-    QCOMPARE(arguments.at(1).value<Command>(), command);
-    QCOMPARE(arguments.at(2).userType(), params.userType());
-    QCOMPARE(arguments.at(2), params);
-    QCOMPARE(arguments.at(3).userType(), int(QMetaType::Bool));
-    QCOMPARE(arguments.at(3).toBool(), false);
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
-Q_DECLARE_METATYPE(Chain)
 Q_DECLARE_METATYPE(Check)
 
 class TestTextChoiceManagers : public QObject
@@ -189,13 +161,7 @@ void TestTextChoiceManagers::cleanup()
 void TestTextChoiceManagers::nodeStates_data()
 {
     QTest::addColumn<Kind>("kind");
-    QTest::addColumn<int>("ioType");
-    QTest::addColumn<bool>("linkable");
-    QTest::addColumn<bool>("linked");
-    QTest::addColumn<bool>("linkError");
-    QTest::addColumn<bool>("error");
-    QTest::addColumn<bool>("initialized");
-    QTest::addColumn<int>("outOfRange");
+    ManagerTest::addNodeStateColumns();
     QTest::addColumn<QString>("text");
     QTest::addColumn<QColor>("color");
     QTest::addColumn<Chain>("chain");
@@ -262,27 +228,13 @@ void TestTextChoiceManagers::nodeStates_data()
 void TestTextChoiceManagers::nodeStates()
 {
     QFETCH(Kind, kind);
-    QFETCH(int, ioType);
-    QFETCH(bool, linkable);
-    QFETCH(bool, linked);
-    QFETCH(bool, linkError);
-    QFETCH(bool, error);
-    QFETCH(bool, initialized);
-    QFETCH(int, outOfRange);
     QFETCH(QString, text);
     QFETCH(QColor, color);
     QFETCH(Chain, chain);
     QFETCH(Check, check);
 
     Fixture f(kind);
-    f.node->setIoType(static_cast<Script::DItem::IoType>(ioType));
-    f.node->setLinkable(linkable);
-    f.node->setLinked(linked);
-    f.node->setLinkedPath(linked ? QStringLiteral("Job.Other.Source") : QString());
-    f.node->setLinkError(linkError);
-    f.node->setErrorState(error);
-    f.node->setInitialized(initialized);
-    f.node->setOutOfRangeCounter(outOfRange);
+    ManagerTest::applyNodeState(*f.node);
 
     QCOMPARE(f.property->valueText(), text);
     QCOMPARE(f.base->valueText(f.property), text);
