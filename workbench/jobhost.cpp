@@ -5,6 +5,8 @@
 
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/widgetproperty.h"
+#include "property_model/wtreepropertybrowser.h"
 #include "sdk/ditem.h"
 #include "sdk/filedialog.h"
 #include "sdk/filedialogprovider.h"
@@ -39,6 +41,21 @@ QString nodePath(const QTreeWidgetItem* item, const WidgetTreeView& tree)
     return node ? node->iDataPath() : QString();
 }
 
+// The host's words for the states of a module; the plug-in translates them in the "IData" context.
+std::string sStateDescription(int state)
+{
+    switch (state) {
+    case 0:
+        return "OK";
+    case 1:
+        return "Not Executed";
+    case 2:
+        return "Error";
+    default:
+        return "Unknown State";
+    }
+}
+
 QTreeWidgetItem* addNodeItem(DItem* node, QTreeWidgetItem* parent, QTreeWidget* tree)
 {
     auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
@@ -57,11 +74,12 @@ JobHost::JobHost(JobModel& model, RequestLog& log, QObject* parent)
     , m_oLog(log)
 {
     connect(&m_oModel, &JobModel::valuesChanged, this, &JobHost::vRefresh);
-    connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vScheduleFill);
+    connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vOnStructureChanged);
 }
 
 void JobHost::vAttach(WidgetTree* dock)
 {
+    PropertyBrowser::WidgetProperty::m_ErrorDescription = &sStateDescription;
     m_poDock = dock;
     // The sender reads the reply as soon as the emission returns, so the call must be direct.
     connect(dock, &WidgetTree::treeReq, this, &JobHost::vOnTreeReq, Qt::DirectConnection);
@@ -73,6 +91,46 @@ WidgetTreeView* JobHost::poTree() const
     return m_poDock ? m_poDock->findChild<WidgetTreeView*>() : nullptr;
 }
 
+PropertyBrowser::WTreePropertyBrowser* JobHost::poBrowser() const
+{
+    return m_poDock ? m_poDock->findChild<PropertyBrowser::WTreePropertyBrowser*>() : nullptr;
+}
+
+void JobHost::vShowSelection()
+{
+    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
+    WidgetTreeView* tree = poTree();
+    if (!browser || !tree)
+        return;
+    browser->clear();
+    const QList<QTreeWidgetItem*> selected = m_poDock->selectedTreeItems();
+    const DItem* node = selected.isEmpty() ? nullptr : tree->getDItem(*selected.first());
+    if (!node)
+        return;
+    // A module shows its values; a single value shows itself.
+    QList<const DItem*> values;
+    for (const DItem* child : node->childNodes())
+        values.append(child);
+    if (values.isEmpty())
+        values.append(node);
+    QStringList order;
+    for (const DItem* value : qAsConst(values)) {
+        if (browser->createPropertyItem(*value, true))
+            order.append(value->iDataPath());
+    }
+    browser->setPropertyOrder(order);
+    browser->refreshItemVisiblity();
+}
+
+void JobHost::vOnStructureChanged()
+{
+    // The rows may hold nodes that are gone; they must not be painted again. The selection
+    // fills the tree anew once the tree is rebuilt.
+    if (PropertyBrowser::WTreePropertyBrowser* browser = poBrowser())
+        browser->clear();
+    vScheduleFill();
+}
+
 void JobHost::vScheduleFill()
 {
     // Structure changes arrive while the plug-in is still inside the request that caused
@@ -81,13 +139,15 @@ void JobHost::vScheduleFill()
         return;
     m_bFillPending = true;
     QTimer::singleShot(0, this, [this] {
-        m_bFillPending = false;
-        vFillTree();
+        // A direct fill in between has done the work already.
+        if (m_bFillPending)
+            vFillTree();
     });
 }
 
 void JobHost::vFillTree()
 {
+    m_bFillPending = false;
     WidgetTreeView* tree = poTree();
     if (!tree)
         return;
@@ -127,6 +187,17 @@ void JobHost::vRefresh()
 {
     if (WidgetTreeView* tree = poTree())
         tree->refreshItemVisiblity();
+    // Every row shown is brought up to date; the tree repaints them on its next pass.
+    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
+    if (!browser)
+        return;
+    const QList<PropertyBrowser::WidgetProperty*> rows
+        = PropertyBrowser::WTreePropertyBrowser::wPropertyMapping.values();
+    for (const PropertyBrowser::WidgetProperty* row : rows) {
+        if (row->node)
+            browser->updatePropertyItem(*row->node);
+    }
+    browser->refreshItemVisiblity();
 }
 
 void JobHost::vOnTreeReq(WRequest<QVariant> request, QVariant& reply)
@@ -143,6 +214,7 @@ QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
     const QString path = paramValue(request, kKeyPath).toString();
     switch (request.id) {
     case 9: {
+        vShowSelection();
         const QList<QTreeWidgetItem*> selected = m_poDock->selectedTreeItems();
         const QString selectedPath
             = selected.isEmpty() ? QString() : nodePath(selected.first(), *poTree());

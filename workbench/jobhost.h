@@ -12,6 +12,10 @@ class RequestLog;
 class WidgetTree;
 class WidgetTreeView;
 
+namespace PropertyBrowser {
+class WTreePropertyBrowser;
+}
+
 /// The host's side of the dock: it fills the job tree, answers every request of the plug-in
 /// from the job model, and refreshes the dock after each change, as the real host does.
 class JobHost : public QObject
@@ -28,6 +32,10 @@ public:
     void vFillTree();
     /// The job tree of the dock, or null before vAttach().
     WidgetTreeView* poTree() const;
+    /// The property tree of the dock, or null before vAttach().
+    PropertyBrowser::WTreePropertyBrowser* poBrowser() const;
+    /// Fills the property tree with the values of the selected node, as a host does.
+    void vShowSelection();
 
 public slots:
     /// Answers one request of the plug-in; @p reply is read by the sender after the return.
@@ -45,6 +53,7 @@ private:
     QString sFileRequest(int id, const QString& path);
     QString sAssistant(bool visible, QVariant& reply);
     void vRefresh();
+    void vOnStructureChanged();
     void vScheduleFill();
 
     JobModel& m_oModel;

@@ -122,6 +122,17 @@ DItem* JobModel::poNode(const QString& path) const
     return m_hNodes.value(path);
 }
 
+QList<DItem*> JobModel::nodes() const
+{
+    return m_hNodes.values();
+}
+
+void JobModel::vOutputsChanged()
+{
+    vFollowLinks();
+    emit valuesChanged();
+}
+
 void JobModel::vIndex()
 {
     m_hNodes.clear();

@@ -34,6 +34,10 @@ public:
     Script::DItem* poRoot() const;
     /// The node at @p path, or null.
     Script::DItem* poNode(const QString& path) const;
+    /// Every node of the job, in no particular order.
+    QList<Script::DItem*> nodes() const;
+    /// The running job changed outputs: linked values follow and the views refresh.
+    void vOutputsChanged();
 
     /// Applies an edit command of the plug-in to the node at @p path. On refusal returns false
     /// and says why in @p error; nothing is changed then.

@@ -2,6 +2,9 @@
 // answers the plug-in's requests, so that the dock can be seen and tried as a user meets it.
 #include "workbenchwindow.h"
 
+#include "jobrunner.h"
+#include "sdk/ditem.h"
+
 #include "sdk/wappsetting.h"
 #include "sdk/wappsettings.h"
 #include "sdk/wmessagebox.h"
@@ -14,6 +17,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -29,7 +33,10 @@ void prepareSettings()
         if (!windows->valueOf(QLatin1String(key), QVariant()).isValid())
             windows->setValueOf(QLatin1String(key), true);
     }
-    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+    // Until the user moves it, the splitter leaves the names room for a usual name.
+    Settings::WAppSetting* editor = settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+    if (!editor->valueOf(QStringLiteral("SplitterPos"), QVariant()).isValid())
+        editor->setValueOf(QStringLiteral("SplitterPos"), 170);
 }
 
 int fail(const QString& message)
@@ -64,6 +71,12 @@ int main(int argc, char* argv[])
         QStringLiteral(
             "Saves a picture of the window to <file> once the job is shown, then exits."),
         QStringLiteral("file"));
+    const QCommandLineOption selectOption(
+        QStringLiteral("select"),
+        QStringLiteral("Selects the node at <path> (default with --screenshot: the first module)."),
+        QStringLiteral("path"));
+    const QCommandLineOption runOption(QStringLiteral("run"),
+                                       QStringLiteral("Starts the job running."));
     // The plug-in of the same build or installation by default; the environment or the command
     // line may name another. Qt itself takes "-plugin", hence the longer name.
     const QString defaultPlugin = qEnvironmentVariableIsSet("PROPERTYWIDGETS_PLUGIN")
@@ -74,11 +87,13 @@ int main(int argc, char* argv[])
         QStringLiteral("Loads the plug-in from <path> (default: $PROPERTYWIDGETS_PLUGIN, or the "
                        "library beside this program)."),
         QStringLiteral("path"), defaultPlugin);
-    parser.addOptions({jobOption, languageOption, screenshotOption, pluginOption});
+    parser.addOptions(
+        {jobOption, languageOption, screenshotOption, selectOption, runOption, pluginOption});
     parser.process(application);
 
     prepareSettings();
-    WorkbenchWindow window;
+    auto windowOwner = std::make_unique<WorkbenchWindow>();
+    WorkbenchWindow& window = *windowOwner;
     QString error;
     if (!window.bLoadPlugin(parser.value(pluginOption), &error))
         return fail(error);
@@ -91,6 +106,17 @@ int main(int argc, char* argv[])
     if (language != QLatin1String("en") && !window.bSetLanguage(language))
         return fail(QStringLiteral("no translation for \"%1\"").arg(language));
 
+    QString selection = parser.value(selectOption);
+    if (selection.isEmpty() && parser.isSet(screenshotOption)) {
+        const QList<Script::DItem*> modules = window.model().poRoot()->childNodes();
+        if (!modules.isEmpty())
+            selection = modules.first()->iDataPath();
+    }
+    if (!selection.isEmpty() && !window.bSelectNode(selection))
+        return fail(QStringLiteral("the job has no node \"%1\"").arg(selection));
+    if (parser.isSet(runOption))
+        window.runner().setRunning(true);
+
     window.show();
     if (parser.isSet(screenshotOption)) {
         const QString file = parser.value(screenshotOption);
@@ -102,5 +128,10 @@ int main(int argc, char* argv[])
             QApplication::exit(saved ? 0 : 1);
         });
     }
-    return application.exec();
+    const int result = application.exec();
+    // The dock writes its settings as it ends; like the real host, the workbench saves them
+    // once everything is closed.
+    windowOwner.reset();
+    Settings::WAppSettings::instance()->save();
+    return result;
 }

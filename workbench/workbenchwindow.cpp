@@ -2,6 +2,7 @@
 
 #include "jobhost.h"
 #include "jobloader.h"
+#include "jobrunner.h"
 #include "requestlog.h"
 
 #include "navigator/widgettree.h"
@@ -23,6 +24,7 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolBar>
 #include <QTranslator>
 
 #include <vector>
@@ -50,6 +52,7 @@ WorkbenchWindow::WorkbenchWindow(QWidget* parent)
     tabs->addTab(m_poLog, QString());
     setCentralWidget(tabs);
     m_poHost = new JobHost(m_oModel, *m_poLog, this);
+    m_poRunner = new JobRunner(m_oModel, this);
     connect(m_poHost, &JobHost::statusMessage, this,
             [this](const QString& text) { statusBar()->showMessage(text, 5000); });
 
@@ -150,6 +153,15 @@ bool WorkbenchWindow::bOpenJob(const QString& path, QString* error)
     return true;
 }
 
+bool WorkbenchWindow::bSelectNode(const QString& path)
+{
+    QTreeWidgetItem* item = m_poNavigator ? m_poNavigator->poFindItem(path) : nullptr;
+    if (!item)
+        return false;
+    m_poHost->poTree()->setCurrentItem(item);
+    return true;
+}
+
 void WorkbenchWindow::vOpenJobFromDialog()
 {
     const FileDialogProvider provider(FileDialogProvider::createCommonUrls(false, false, true),
@@ -220,6 +232,11 @@ Utils::ProjectMode& WorkbenchWindow::projectMode()
     return m_oProjectMode;
 }
 
+JobRunner& WorkbenchWindow::runner()
+{
+    return *m_poRunner;
+}
+
 void WorkbenchWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
@@ -259,6 +276,17 @@ void WorkbenchWindow::vCreateMenus()
     connect(m_poEnglishAction, &QAction::triggered, this, [this] { bSetLanguage("en"); });
     connect(m_poGermanAction, &QAction::triggered, this, [this] { bSetLanguage("de"); });
 
+    m_poJobMenu = menuBar()->addMenu(QString());
+    m_poRunAction = m_poJobMenu->addAction(QString());
+    m_poRunAction->setCheckable(true);
+    m_poRunAction->setShortcut(Qt::Key_F5);
+    connect(m_poRunAction, &QAction::toggled, m_poRunner, &JobRunner::setRunning);
+    connect(m_poRunner, &JobRunner::runningChanged, m_poRunAction, &QAction::setChecked);
+    QToolBar* tools = addToolBar(QString());
+    tools->setObjectName(QStringLiteral("jobToolBar"));
+    tools->setMovable(false);
+    tools->addAction(m_poRunAction);
+
     m_poProjectMenu = menuBar()->addMenu(QString());
     for (int flag : kProjectFlags) {
         QAction* action = m_poProjectMenu->addAction(QString());
@@ -294,6 +322,9 @@ void WorkbenchWindow::vRetranslate()
     m_poViewMenu->setTitle(tr("&View"));
     m_poExpertAction->setText(tr("&Expert View"));
     m_poLanguageMenu->setTitle(tr("&Language"));
+    m_poJobMenu->setTitle(tr("&Job"));
+    m_poRunAction->setText(tr("&Run"));
+    m_poRunAction->setToolTip(tr("Runs the job: its outputs change several times a second (F5)"));
     m_poProjectMenu->setTitle(tr("&Project"));
     const QStringList flagNames
         = {tr("Locked look"), tr("Released"), tr("Editing blocked"), tr("Hard lock")};

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 
 class JobHost;
+class JobRunner;
 class QAction;
 class QDockWidget;
 class QMenu;
@@ -43,6 +44,9 @@ public:
     void setJob(Script::DItem* root);
     /// Opens the job file at @p path; on failure keeps the job and says why in @p error.
     bool bOpenJob(const QString& path, QString* error);
+    /// Selects the node at @p path in the job tree, which shows its values below; false when
+    /// the job has no such node.
+    bool bSelectNode(const QString& path);
     /// Switches the texts of the window and of the plug-in to @p language ("en" or "de").
     bool bSetLanguage(const QString& language);
 
@@ -54,6 +58,8 @@ public:
     RequestLog* poRequestLog() const;
     /// The project mode the dock follows.
     Utils::ProjectMode& projectMode();
+    /// What makes the job's outputs move while it runs.
+    JobRunner& runner();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -75,6 +81,7 @@ private:
     QDockWidget* m_poDock = nullptr;
     RequestLog* m_poLog = nullptr;
     JobHost* m_poHost = nullptr;
+    JobRunner* m_poRunner = nullptr;
     bool m_bDockHidden = true;
     bool m_bShowingAnnounced = false;
     QList<QTranslator*> m_lstTranslators;
@@ -83,6 +90,8 @@ private:
     QMenu* m_poViewMenu = nullptr;
     QMenu* m_poLanguageMenu = nullptr;
     QMenu* m_poProjectMenu = nullptr;
+    QMenu* m_poJobMenu = nullptr;
+    QAction* m_poRunAction = nullptr;
     QAction* m_poOpenAction = nullptr;
     QAction* m_poSampleAction = nullptr;
     QAction* m_poQuitAction = nullptr;

@@ -3,6 +3,8 @@
 #include "controls/disabledlookstyle.h"
 #include "controls/forcestyle.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/widgetproperty.h"
+#include "property_model/wtreepropertybrowser.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
 #include "sdk/element.h"
@@ -20,6 +22,8 @@
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QLayout>
+#include <QMouseEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWidget>
@@ -102,7 +106,9 @@ WidgetTree::WidgetTree(QWidget* parent, Qt::WindowFlags flags)
     tree->setHeaderHidden(true);
     tree->viewport()->setAcceptDrops(true);
     tree->setDropIndicatorShown(true);
+    propertyBrowser = new PropertyBrowser::WTreePropertyBrowser(this);
     ui->treePlaceHolder->layout()->addWidget(tree);
+    ui->propEditorPlaceHolder->layout()->addWidget(propertyBrowser);
 
     // The assistants' QML files use the type; registering again for each dock costs nothing.
     qmlRegisterUncreatableType<Assistant::Element>(
@@ -180,6 +186,23 @@ void WidgetTree::connectWidgets()
     connect(tree, &QTreeWidget::itemChanged, this, &WidgetTree::itemWasChanged);
     connect(tree, &WidgetTreeView::showToolBox, this, &WidgetTree::showToolBox);
     connect(tree, &WidgetTreeView::doEditModule, this, &WidgetTree::renameCurrentItem);
+
+    // Edits, link clicks and the editing state go to the host before the browser goes on.
+    using Browser = PropertyBrowser::WTreePropertyBrowser;
+    connect(propertyBrowser, &Browser::propertyEdited, this, &WidgetTree::vNodePropertyEdited,
+            Qt::DirectConnection);
+    connect(propertyBrowser, &Browser::linkClicked, this, &WidgetTree::vLinkClicked,
+            Qt::DirectConnection);
+    connect(propertyBrowser, &Browser::editing, this, &WidgetTree::setEditingState,
+            Qt::DirectConnection);
+    connect(propertyBrowser, &Browser::refreshData, this, &WidgetTree::requestDataRefresh,
+            Qt::DirectConnection);
+    connect(propertyBrowser, &Browser::mouseEventSignal, this,
+            &WidgetTree::vPropertyEditorMouseEvent);
+    connect(propertyBrowser, &Browser::requestSaveToFile, this, &WidgetTree::requestSaveToFile);
+    connect(propertyBrowser, &Browser::requestLoadFromFile, this,
+            &WidgetTree::requestLoadFromFile);
+    connect(propertyBrowser, &Browser::requestUnloadFile, this, &WidgetTree::requestUnloadFile);
 
     // The pages come from the host's resources; a page or button it lacks is simply not wired.
     QQuickItem* welcomeRoot = ui->welcomeAssistant->rootObject();
@@ -338,6 +361,14 @@ void WidgetTree::clearTreeSelection()
     tree->clearSelection();
 }
 
+void WidgetTree::showDefaultLinkWidget(const QString& nodePath, const QString& link)
+{
+    if (nodePath.isEmpty())
+        return;
+    if (PropertyBrowser::WidgetProperty* row = propertyBrowser->getWProperty(nodePath))
+        propertyBrowser->showLinkingwidget(row, this, link);
+}
+
 void WidgetTree::retranslateTree(QTreeWidgetItem* item)
 {
     if (!item)
@@ -360,8 +391,10 @@ QTreeWidgetItem* WidgetTree::poAddModuleItem()
 void WidgetTree::treeReqSlot()
 {
     // The "Add Module" row holds no node: there is nothing to show for it.
-    if (addModuleItem.isSelected())
+    if (addModuleItem.isSelected()) {
+        propertyBrowser->clear();
         return;
+    }
     // The host reads the selection itself, so the request carries nothing.
     sendRequest(0, 9, WParam<QVariant>(), QVariant());
 }
@@ -425,6 +458,15 @@ void WidgetTree::setEditingState(bool editing)
     sendRequest(0, id, WParam<QVariant>(), kDontBlockMe);
 }
 
+void WidgetTree::vPropertyEditorMouseEvent(QMouseEvent* event, QtBrowserItem* browserItem)
+{
+    if (!browserItem)
+        return;
+    // One press opens the row's editor.
+    if (event->button() == Qt::LeftButton && event->type() == QEvent::MouseButtonPress)
+        propertyBrowser->editItem(browserItem);
+}
+
 void WidgetTree::renameCurrentItem()
 {
     QTreeWidgetItem* item = tree->currentItem();
@@ -484,6 +526,7 @@ void WidgetTree::onProjectModeChanged()
     if (!mode)
         return;
     projectModeValue = mode->projectMode();
+    propertyBrowser->onProjectModeChanged(projectModeValue);
     if (mode->contains(Utils::ProjectMode::Locked)) {
         if (QTreeWidgetItem* item = tree->currentItem())
             tree->closePersistentEditor(item, 0);
@@ -504,6 +547,7 @@ void WidgetTree::onProjectModeChanged()
     }
     if (mode->contains(Utils::ProjectMode::HardLocked)) {
         tree->setEnabled(false);
+        propertyBrowser->setEnabled(false);
         ui->treePlaceHolder->setCursor(Qt::ForbiddenCursor);
         ui->editorWidget->setCursor(Qt::ForbiddenCursor);
         return;
@@ -518,6 +562,7 @@ void WidgetTree::onProjectModeChanged()
         ui->startAssistantQML->setEnabled(true);
         if (QQuickItem* root = ui->startAssistantQML->rootObject())
             root->setEnabled(true);
+        propertyBrowser->setEnabled(true);
         ui->editorWidget->setCursor(Qt::ArrowCursor);
     }
 }

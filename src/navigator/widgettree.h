@@ -20,6 +20,8 @@
 
 class DisabledLookStyle;
 class QAction;
+class QMouseEvent;
+class QtBrowserItem;
 class QQuickWidget;
 class Ui_NavigatorWidgetLayout;
 class WidgetTreeView;
@@ -92,6 +94,9 @@ public:
     QList<QTreeWidgetItem*> selectedTreeItems() const;
     /// Clears the tree's selection.
     void clearTreeSelection();
+    /// Opens the value dialog of the row of the node at @p nodePath on its link page, with
+    /// @p link preselected; nothing happens for a node without a row.
+    void showDefaultLinkWidget(const QString& nodePath, const QString& link);
     /// Sets the translated name as the text and tool tip of @p item and its descendants.
     void retranslateTree(QTreeWidgetItem* item);
 
@@ -149,6 +154,7 @@ private slots:
     void onDisplayToolTip();
     void vLinkClicked(const QString& path);
     void setEditingState(bool editing);
+    void vPropertyEditorMouseEvent(QMouseEvent* event, QtBrowserItem* browserItem);
     void requestDataRefresh(const QString& nodePath);
     void requestSaveToFile(const QString& nodePath);
     void requestLoadFromFile(const QString& nodePath);

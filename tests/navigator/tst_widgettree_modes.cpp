@@ -3,6 +3,7 @@
 #include "controls/disabledlookstyle.h"
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/wtreepropertybrowser.h"
 #include "sdk/appfiletype.h"
 #include "sdk/dialogautomation.h"
 #include "sdk/projectmode.h"
@@ -44,6 +45,7 @@ struct Dock
         , assistant(qobject_cast<QQuickWidget*>(
               widget->findChild<QScrollArea*>(QStringLiteral("scrollArea"))->widget()))
         , view(widget->findChild<WidgetTreeView*>())
+        , browser(widget->findChild<PropertyBrowser::WTreePropertyBrowser*>())
     { }
 
     QStackedWidget* stack;
@@ -54,6 +56,7 @@ struct Dock
     QWidget* assistantPage;
     QQuickWidget* assistant;
     WidgetTreeView* view;
+    PropertyBrowser::WTreePropertyBrowser* browser;
 };
 
 bool hasCursor(const QWidget* widget, Qt::CursorShape shape)
@@ -110,6 +113,7 @@ private slots:
         QTest::newRow("locked and released") << 17 << false << true << true << false << false;
         QTest::newRow("released") << 16 << false << true << true << false << false;
         QTest::newRow("no steering flag") << 4096 << false << true << true << false << false;
+        QTest::newRow("locked, editing blocked") << 4097 << true << true << false << false << true;
     }
 
     void projectModeFlags()
@@ -136,6 +140,12 @@ private slots:
         if (mode & 16)
             QCOMPARE(widget.style(), QApplication::style());
         QCOMPARE(dock.view->isEnabled(), treeEnabled);
+        // The property tree is locked and released with the job tree, and takes the mode.
+        QCOMPARE(dock.browser->isEnabled(), treeEnabled);
+        QCOMPARE(hasCursor(dock.browser, Qt::ArrowCursor), bool(mode & 16));
+        QCOMPARE(hasCursor(dock.browser, Qt::ForbiddenCursor), !(mode & 16));
+        QCOMPARE(PropertyBrowser::WTreePropertyBrowser::isEditorCreationAllowed(),
+                 (mode & 0x1001) != 0x1001);
         QCOMPARE(dock.start->isEnabled(), startEnabled);
         QCOMPARE(dock.start->rootObject()->isEnabled(), startEnabled);
         QCOMPARE(hasCursor(dock.treeHolder, Qt::ForbiddenCursor), treeForbidden);
@@ -155,9 +165,11 @@ private slots:
         widget.setResources(nullptr, &projectMode);
         widget.showingWidget();
         projectMode.setProjectMode(65537);
+        QVERIFY(!dock.browser->isEnabled());
         projectMode.setProjectMode(16);
         QCOMPARE(dock.view->style(), QApplication::style());
         QVERIFY(dock.view->isEnabled());
+        QVERIFY(dock.browser->isEnabled());
         QVERIFY(dock.start->isEnabled());
         QVERIFY(dock.start->rootObject()->isEnabled());
         QVERIFY(hasCursor(dock.treeHolder, Qt::ArrowCursor));

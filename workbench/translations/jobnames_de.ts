@@ -44,6 +44,26 @@
       <translation>Temperatur</translation>
     </message>
     <message>
+      <source>State</source>
+      <translation>Zustand</translation>
+    </message>
+    <message>
+      <source>Module State</source>
+      <translation>Modulzustand</translation>
+    </message>
+    <message>
+      <source>OK</source>
+      <translation>OK</translation>
+    </message>
+    <message>
+      <source>Not Executed</source>
+      <translation>Nicht ausgeführt</translation>
+    </message>
+    <message>
+      <source>Unknown State</source>
+      <translation>Unbekannter Zustand</translation>
+    </message>
+    <message>
       <source>ImageFilter</source>
       <translation>Bildfilter</translation>
     </message>

@@ -360,6 +360,18 @@
       <translation>&amp;Sprache</translation>
     </message>
     <message>
+      <source>&amp;Job</source>
+      <translation>&amp;Job</translation>
+    </message>
+    <message>
+      <source>&amp;Run</source>
+      <translation>&amp;Ausführen</translation>
+    </message>
+    <message>
+      <source>Runs the job: its outputs change several times a second (F5)</source>
+      <translation>Führt den Job aus: seine Ausgänge ändern sich mehrmals pro Sekunde (F5)</translation>
+    </message>
+    <message>
       <location filename="../workbenchwindow.cpp" line="292" />
       <source>&amp;Project</source>
       <translation>&amp;Projekt</translation>

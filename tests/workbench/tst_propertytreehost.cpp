@@ -1,0 +1,283 @@
+#include "jobmodel.h"
+#include "jobrunner.h"
+#include "requestlog.h"
+#include "testsupport.h"
+#include "workbenchwindow.h"
+
+#include "navigator/widgettree.h"
+#include "navigator/widgettreeview.h"
+#include "property_model/intpropertymanager.h"
+#include "property_model/widgetproperty.h"
+#include "property_model/wtreepropertybrowser.h"
+#include "qtbrowseritem.h"
+#include "sdk/dialogautomation.h"
+#include "sdk/ditem.h"
+#include "sdk/wappsetting.h"
+#include "sdk/wappsettings.h"
+
+#include <QAbstractItemView>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using PropertyBrowser::WidgetProperty;
+using PropertyBrowser::WTreePropertyBrowser;
+
+namespace {
+
+const QString kCamera = QStringLiteral("BottleInspection.Camera");
+const QString kExposure = QStringLiteral("BottleInspection.Camera.Exposure");
+const QString kTemperature = QStringLiteral("BottleInspection.Camera.Temperature");
+
+} // namespace
+
+/// The property tree as the host drives it: the workbench's host logic with the plug-in loaded
+/// from its file, as the real host loads it.
+class TestPropertyTreeHost : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void selectingAModuleFillsTheRows();
+    void selectingAValueShowsItAlone();
+    void addModuleRowEmptiesTheTree();
+    void anEditTravelsToTheHostAndBack();
+    void aPressOnAValueAsksForAnEditor();
+    void splitterIsSavedAndRestoredByANewDock();
+    void languageChangeNamesRowsByTheirPaths();
+    void runningJobMovesTheOutputs();
+    void renamingAModuleRefillsTheRows();
+
+private:
+    void openWindow();
+    WTreePropertyBrowser& browser();
+    void select(const QString& path);
+    int requestsWithId(int id) const;
+
+    QTemporaryDir m_oFolder;
+    std::unique_ptr<WorkbenchWindow> m_poWindow;
+};
+
+void TestPropertyTreeHost::initTestCase()
+{
+    TestSupport::failOnWarnings();
+    QVERIFY(m_oFolder.isValid());
+    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
+    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
+    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
+        ->setValueOf(QStringLiteral("ShowWelcomePage"), false);
+    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"))
+        ->setValueOf(QStringLiteral("SplitterPos"), 150);
+}
+
+void TestPropertyTreeHost::init()
+{
+    Utils::DialogAutomation::clear();
+    openWindow();
+}
+
+void TestPropertyTreeHost::openWindow()
+{
+    m_poWindow = std::make_unique<WorkbenchWindow>();
+    QString error;
+    QVERIFY2(m_poWindow->bLoadPlugin(QStringLiteral(PLUGIN_PATH), &error), qPrintable(error));
+    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error),
+             qPrintable(error));
+    m_poWindow->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_poWindow.get()));
+}
+
+void TestPropertyTreeHost::cleanup()
+{
+    m_poWindow.reset();
+    QVERIFY(TestSupport::liveTopLevelWidgets().isEmpty());
+    QVERIFY(!WTreePropertyBrowser::me);
+}
+
+WTreePropertyBrowser& TestPropertyTreeHost::browser()
+{
+    return *m_poWindow->poNavigator()->findChild<WTreePropertyBrowser*>();
+}
+
+void TestPropertyTreeHost::select(const QString& path)
+{
+    QVERIFY(m_poWindow->bSelectNode(path));
+}
+
+int TestPropertyTreeHost::requestsWithId(int id) const
+{
+    const RequestLog* log = m_poWindow->poRequestLog();
+    int found = 0;
+    for (int row = 0; row < log->count(); ++row)
+        found += log->rowTexts(row).value(2) == QString::number(id) ? 1 : 0;
+    return found;
+}
+
+void TestPropertyTreeHost::selectingAModuleFillsTheRows()
+{
+    QCOMPARE(browser().objectName(), QStringLiteral("NavPropertyBrowser"));
+    QVERIFY(browser().topLevelItems().isEmpty());
+    select(kCamera);
+
+    QStringList expected;
+    for (const Script::DItem* value : m_poWindow->model().poNode(kCamera)->childNodes())
+        expected.append(value->iDataPath());
+    QCOMPARE(browser().getPropertyPaths(), expected);
+    WidgetProperty* exposure = browser().getWProperty(kExposure);
+    QVERIFY(exposure);
+    QCOMPARE(exposure->propertyName(), QStringLiteral("Exposure Time [us]"));
+    QCOMPARE(exposure->valueText(), QStringLiteral("1200"));
+    QCOMPARE(browser().getWProperty(kTemperature)->valueText(), QStringLiteral("Not Available"));
+    // Each row is shown, starts collapsed and belongs to the dock's browser.
+    QtBrowserItem* item = browser().getBrowserItem(*exposure);
+    QVERIFY(item);
+    QVERIFY(browser().isItemVisible(item));
+    QVERIFY(!browser().isExpanded(item));
+}
+
+void TestPropertyTreeHost::selectingAValueShowsItAlone()
+{
+    select(kExposure);
+    QCOMPARE(browser().getPropertyPaths(), QStringList {kExposure});
+}
+
+void TestPropertyTreeHost::addModuleRowEmptiesTheTree()
+{
+    select(kCamera);
+    QVERIFY(!browser().topLevelItems().isEmpty());
+    const int selections = requestsWithId(9);
+    auto* tree = m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
+    tree->setCurrentItem(m_poWindow->poNavigator()->poAddModuleItem());
+    QVERIFY(browser().topLevelItems().isEmpty());
+    QVERIFY(WTreePropertyBrowser::wPropertyMapping.isEmpty());
+    // The row holds no node, so the host is not asked.
+    QCOMPARE(requestsWithId(9), selections);
+}
+
+void TestPropertyTreeHost::anEditTravelsToTheHostAndBack()
+{
+    select(kCamera);
+    WidgetProperty* exposure = browser().getWProperty(kExposure);
+    auto* manager
+        = dynamic_cast<PropertyBrowser::Managers::IntPropertyManager*>(exposure->propertyManager());
+    QVERIFY(manager);
+    QSignalSpy changed(exposure, &QObject::destroyed);
+    const int edits = requestsWithId(34);
+    manager->setValue(exposure, 1300);
+
+    QCOMPARE(requestsWithId(34), edits + 1);
+    const RequestLog* log = m_poWindow->poRequestLog();
+    QCOMPARE(log->rowTexts(log->count() - 1).value(5), QStringLiteral("Applied to ") + kExposure);
+    QCOMPARE(m_poWindow->model().poNode(kExposure)->property("IDataNumeric.DynamicValue").toInt(),
+             1300);
+    // The host refreshed the row it had: the same row now shows what the node says.
+    QCOMPARE(browser().getWProperty(kExposure), exposure);
+    QCOMPARE(exposure->valueText(), QStringLiteral("1300"));
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestPropertyTreeHost::aPressOnAValueAsksForAnEditor()
+{
+    select(kCamera);
+    QtBrowserItem* item = browser().getBrowserItem(*browser().getWProperty(kExposure));
+    auto* view = browser().findChild<QAbstractItemView*>();
+    QVERIFY(view);
+    const QModelIndex index = view->model()->index(0, 1);
+    QCOMPARE(view->model()->data(index).toString(), QStringLiteral("1200"));
+    QList<QtBrowserItem*> pressedItems;
+    connect(&browser(), &QtTreePropertyBrowser::mouseEventSignal, this,
+            [&pressedItems](QMouseEvent* event, QtBrowserItem* pressed) {
+                if (event->type() == QEvent::MouseButtonPress)
+                    pressedItems.append(pressed);
+            });
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+
+    QCOMPARE(pressedItems, QList<QtBrowserItem*> {item});
+    QCOMPARE(browser().currentItem(), item);
+    // No row has an editor yet; a camera row says once why it cannot be changed.
+    const QList<Utils::DialogAutomation::Call> calls = Utils::DialogAutomation::calls();
+    QCOMPARE(calls.size(), 1);
+    QCOMPARE(calls.first().m_eKind, Utils::DialogAutomation::Info);
+    QCOMPARE(calls.first().m_slTexts.value(0),
+             QStringLiteral("This property cannot be changed in offline mode."));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    QCOMPARE(Utils::DialogAutomation::calls().size(), 1);
+}
+
+void TestPropertyTreeHost::splitterIsSavedAndRestoredByANewDock()
+{
+    Settings::WAppSetting* group
+        = Settings::WAppSettings::instance()->find_setting(QStringLiteral("PROPERTY_EDITOR"));
+    QVERIFY(group);
+    const int saved = group->valueOf(QStringLiteral("SplitterPos")).toInt();
+    QCOMPARE(browser().resizeMode(), QtTreePropertyBrowser::Interactive);
+    QCOMPARE(browser().splitterPosition(), saved);
+
+    select(kCamera);
+    const int moved = saved + 37;
+    browser().setSplitterPosition(moved);
+    // The position is saved when the rows are replaced.
+    select(QStringLiteral("BottleInspection.Locator"));
+    QCOMPARE(group->valueOf(QStringLiteral("SplitterPos")).toInt(), moved);
+
+    m_poWindow.reset();
+    openWindow();
+    QCOMPARE(browser().splitterPosition(), moved);
+}
+
+void TestPropertyTreeHost::languageChangeNamesRowsByTheirPaths()
+{
+    select(kCamera);
+    WidgetProperty* exposure = browser().getWProperty(kExposure);
+    QCOMPARE(exposure->propertyName(), QStringLiteral("Exposure Time [us]"));
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("de")));
+    QTRY_COMPARE(exposure->propertyName(), QStringLiteral("Belichtung"));
+    QCOMPARE(browser().getWProperty(kTemperature)->propertyName(), QStringLiteral("Temperatur"));
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("en")));
+    // From now on the name is the path's last segment, no longer the description.
+    QTRY_COMPARE(exposure->propertyName(), QStringLiteral("Exposure"));
+}
+
+void TestPropertyTreeHost::runningJobMovesTheOutputs()
+{
+    select(kCamera);
+    WidgetProperty* temperature = browser().getWProperty(kTemperature);
+    QCOMPARE(temperature->valueText(), QStringLiteral("Not Available"));
+    JobRunner& runner = m_poWindow->runner();
+    QSignalSpy running(&runner, &JobRunner::runningChanged);
+    runner.setRunning(true);
+    QCOMPARE(running.count(), 1);
+    // After a few cycles the output has left its unavailable state and shows its value or an
+    // error, exactly as the node says.
+    QTRY_VERIFY(temperature->valueText() != QStringLiteral("Not Available"));
+    runner.setRunning(false);
+    QCOMPARE(running.count(), 2);
+    const Script::DItem* node = m_poWindow->model().poNode(kTemperature);
+    const QString shown = temperature->valueText();
+    if (node->hasErrorState())
+        QCOMPARE(shown, QStringLiteral("Error"));
+    else
+        QCOMPARE(shown.toDouble(), node->property("IDataNumeric.DynamicValue").toDouble());
+}
+
+void TestPropertyTreeHost::renamingAModuleRefillsTheRows()
+{
+    select(kCamera);
+    const QString path = QStringLiteral("BottleInspection.Camera");
+    QString error;
+    QVERIFY(m_poWindow->model().bRename(m_poWindow->model().poNode(path),
+                                        QStringLiteral("LineCamera"), &error));
+    // The rows of the old paths went at once; the tree, rebuilt, shows the module again.
+    QVERIFY(!browser().getWProperty(kExposure));
+    QTRY_VERIFY(browser().getWProperty(QStringLiteral("BottleInspection.LineCamera.Exposure")));
+}
+
+QTEST_MAIN(TestPropertyTreeHost)
+#include "tst_propertytreehost.moc"
