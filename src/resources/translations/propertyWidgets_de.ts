@@ -13,7 +13,7 @@
     <name>NavigatorWidgetLayout</name>
     <message>
       <location filename="../../navigator/widgettree.ui" line="14" />
-      <location filename="../../navigator/widgettree.cpp" line="301" />
+      <location filename="../../navigator/widgettree.cpp" line="324" />
       <source>  Project Window</source>
       <translation>  Projektfenster</translation>
     </message>
@@ -45,112 +45,117 @@
   <context>
     <name>QObject</name>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="114" />
-      <location filename="../../navigator/widgettree.cpp" line="306" />
+      <location filename="../../navigator/widgettree.cpp" line="120" />
+      <location filename="../../navigator/widgettree.cpp" line="329" />
       <source>Add Module</source>
       <translation>Modul hinzufügen</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="203" />
-      <location filename="../../navigator/widgettree.cpp" line="204" />
-      <location filename="../../navigator/widgettree.cpp" line="219" />
-      <location filename="../../navigator/widgettree.cpp" line="220" />
+      <location filename="../../navigator/widgettree.cpp" line="226" />
+      <location filename="../../navigator/widgettree.cpp" line="227" />
+      <location filename="../../navigator/widgettree.cpp" line="242" />
+      <location filename="../../navigator/widgettree.cpp" line="243" />
       <source>&amp;Delete</source>
       <translation>&amp;Löschen</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="205" />
-      <location filename="../../navigator/widgettree.cpp" line="221" />
+      <location filename="../../navigator/widgettree.cpp" line="228" />
+      <location filename="../../navigator/widgettree.cpp" line="244" />
       <source>&amp;Rename</source>
       <translation>&amp;Umbenennen</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="206" />
-      <location filename="../../navigator/widgettree.cpp" line="222" />
+      <location filename="../../navigator/widgettree.cpp" line="229" />
+      <location filename="../../navigator/widgettree.cpp" line="245" />
       <source>&amp;Visible</source>
       <translation>&amp;Sichtbar</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="208" />
+      <location filename="../../navigator/widgettree.cpp" line="231" />
       <source>&amp;Use Value for Color Feedback</source>
       <translation>Wert für &amp;Farbrückmeldung verwenden</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="210" />
+      <location filename="../../navigator/widgettree.cpp" line="233" />
       <source>&amp;Copy Node Path to Clipboard</source>
       <translation>Knotenpfad in die Zwischenablage &amp;kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="211" />
+      <location filename="../../navigator/widgettree.cpp" line="234" />
       <source>Copy &amp;Module</source>
       <translation>&amp;Modul kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="212" />
+      <location filename="../../navigator/widgettree.cpp" line="235" />
       <source>Copy Node Value to Clipboard</source>
       <translation>Knotenwert in die Zwischenablage kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="304" />
+      <location filename="../../navigator/widgettree.cpp" line="327" />
       <source>Job Tree</source>
       <translation>Jobbaum</translation>
+    </message>
+    <message>
+      <location filename="../../property_model/wtreepropertybrowser.cpp" line="504" />
+      <source>This property cannot be changed in offline mode.</source>
+      <translation>Diese Eigenschaft kann im Offline-Modus nicht geändert werden.</translation>
     </message>
   </context>
   <context>
     <name>WidgetTree</name>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="223" />
+      <location filename="../../navigator/widgettree.cpp" line="246" />
       <source>&amp;Use Value for Color Feedback</source>
       <translation>Wert für &amp;Farbrückmeldung verwenden</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="224" />
+      <location filename="../../navigator/widgettree.cpp" line="247" />
       <source>&amp;Copy Node Path to Clipboard</source>
       <translation>Knotenpfad in die Zwischenablage &amp;kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="225" />
+      <location filename="../../navigator/widgettree.cpp" line="248" />
       <source>Copy &amp;Module</source>
       <translation>&amp;Modul kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="226" />
+      <location filename="../../navigator/widgettree.cpp" line="249" />
       <source>Copy Node Value to Clipboard</source>
       <translation>Knotenwert in die Zwischenablage kopieren</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="475" />
+      <location filename="../../navigator/widgettree.cpp" line="517" />
       <source>Node name cannot be empty!</source>
       <translation>Der Knotenname darf nicht leer sein!</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="476" />
+      <location filename="../../navigator/widgettree.cpp" line="518" />
       <source>A module name cannot contain any of the following characters : </source>
       <translation>Ein Modulname darf keines der folgenden Zeichen enthalten: </translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="621" />
+      <location filename="../../navigator/widgettree.cpp" line="666" />
       <source>Error loading the assistant of the module !</source>
       <translation>Fehler beim Laden des Modulassistenten!</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="677" />
+      <location filename="../../navigator/widgettree.cpp" line="722" />
       <source>All settings saved.</source>
       <translation>Alle Einstellungen gespeichert.</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="678" />
-      <source>Don't show this message again</source>
+      <location filename="../../navigator/widgettree.cpp" line="723" />
+      <source>Don&apos;t show this message again</source>
       <translation>Diese Meldung nicht mehr anzeigen</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="703" />
+      <location filename="../../navigator/widgettree.cpp" line="748" />
       <source>Not Available</source>
       <translation>Nicht verfügbar</translation>
     </message>
     <message>
-      <location filename="../../navigator/widgettree.cpp" line="705" />
-      <location filename="../../navigator/widgettree.cpp" line="707" />
+      <location filename="../../navigator/widgettree.cpp" line="750" />
+      <location filename="../../navigator/widgettree.cpp" line="752" />
       <source>Error</source>
       <translation>Fehler</translation>
     </message>
