@@ -42,8 +42,9 @@ public:
         TypeOcrFilter = 11,
         TypeFile = 12
     };
-    /// What the value area shows.
-    enum Mode {
+    /// What the value area shows. The underlying type is fixed so that any int is a valid
+    /// value: setMode() stores a value outside the enumeration as it is.
+    enum Mode : int {
         /// The input widgets.
         ModeLocal = 0,
         /// The link as a clickable anchor.
