@@ -191,6 +191,17 @@
     </message>
   </context>
   <context>
+    <name>QtBrowserItemModel</name>
+    <message>
+      <source>Property</source>
+      <translation>Eigenschaft</translation>
+    </message>
+    <message>
+      <source>Value</source>
+      <translation>Wert</translation>
+    </message>
+  </context>
+  <context>
     <name>RequestLog</name>
     <message>
       <location filename="../requestlog.cpp" line="53" />
