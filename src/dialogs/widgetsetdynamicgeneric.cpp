@@ -144,26 +144,26 @@ QTreeWidgetItem* WidgetSetDynamicGeneric::findChildItem(QTreeWidgetItem* parent,
 
 void WidgetSetDynamicGeneric::addIcons(Script::DItemListPair nodes)
 {
-    if (nodes.second.isEmpty())
-        return;
-    // One pass over the tree gives every item by its text; a later node's icon overwrites an
-    // earlier one's on the items of the same name, as a search per node would.
-    QHash<QString, QList<QTreeWidgetItem*>> itemsByText;
-    for (QTreeWidgetItemIterator it(ui->m_poTreeWidget); *it; ++it)
-        itemsByText[(*it)->text(0)].append(*it);
+    // Every item named like a node's last component takes the node's icon, a later node's
+    // overwriting an earlier one's. So the last icon given to each name is the one that stays:
+    // it is found first, and each item is then touched once.
+    QHash<QString, QString> iconByName;
     for (const Script::DItem* node : qAsConst(nodes.second)) {
-        if (!node)
+        if (!node || node->iconPath().isEmpty())
             continue;
-        const QString icon = node->iconPath();
-        if (icon.isEmpty())
+        iconByName.insert(translatedName(node->iDataPath().split('.').last()), node->iconPath());
+    }
+    if (iconByName.isEmpty())
+        return;
+    QHash<QString, QIcon> icons;
+    for (QTreeWidgetItemIterator it(ui->m_poTreeWidget); *it; ++it) {
+        const auto found = iconByName.constFind((*it)->text(0));
+        if (found == iconByName.cend())
             continue;
-        const QString name = translatedName(node->iDataPath().split('.').last());
-        const QList<QTreeWidgetItem*> items = itemsByText.value(name);
-        if (items.isEmpty())
-            continue;
-        const QIcon decoration(icon);
-        for (QTreeWidgetItem* item : items)
-            item->setData(0, Qt::DecorationRole, decoration);
+        auto icon = icons.find(found.value());
+        if (icon == icons.end())
+            icon = icons.insert(found.value(), QIcon(found.value()));
+        (*it)->setData(0, Qt::DecorationRole, icon.value());
     }
 }
 
