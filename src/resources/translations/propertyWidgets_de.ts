@@ -19,6 +19,14 @@
     </message>
   </context>
   <context>
+    <name>PropertyBrowser::Editors::WidgetSetDynamicGeneric</name>
+    <message>
+      <location filename="../../dialogs/widgetsetdynamicgeneric.cpp" line="84" />
+      <source>No linkable nodes found !</source>
+      <translation>Keine verknüpfbaren Knoten gefunden !</translation>
+    </message>
+  </context>
+  <context>
     <name>PropertyBrowser::Managers::BinaryFilePropertyManager</name>
     <message>
       <location filename="../../property_model/binaryfilepropertymanager.cpp" line="28" />
@@ -99,6 +107,121 @@
       <location filename="../../property_model/wtreepropertybrowser.cpp" line="504" />
       <source>This property cannot be changed in offline mode.</source>
       <translation>Diese Eigenschaft kann im Offline-Modus nicht geändert werden.</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetSetDynamicGeneric</name>
+    <message>
+      <location filename="../../dialogs/widgetsetdynamicgeneric.ui" line="20" />
+      <source>Dynamic links</source>
+      <translation>Dynamische Verknüpfungen</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetSetLocalAddOn</name>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaladdon.cpp" line="24" />
+      <source>Evaluated Result</source>
+      <translation>Ausgewertetes Ergebnis</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaladdon.cpp" line="40" />
+      <source>Linked To: </source>
+      <translation>Verknüpft mit: </translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetSetLocalDouble</name>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaldouble.ui" line="20" />
+      <source>Form</source>
+      <translation>Formular</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaldouble.ui" line="30" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaldouble.ui" line="50" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaldouble.ui" line="67" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocaldouble.ui" line="81" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetSetLocalInt</name>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="20" />
+      <source>Form</source>
+      <translation>Formular</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="30" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="44" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="58" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="72" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetlocalint.ui" line="81" />
+      <source>Error</source>
+      <translation>Fehler</translation>
+    </message>
+  </context>
+  <context>
+    <name>WidgetSetNode</name>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="17" />
+      <source>Set Item Value</source>
+      <translation>Elementwert setzen</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="42" />
+      <source>Linked Value</source>
+      <translation>Verknüpfter Wert</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="49" />
+      <source>Manual Value</source>
+      <translation>Manueller Wert</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="120" />
+      <source>OK</source>
+      <translation>OK</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="127" />
+      <source>Cancel</source>
+      <translation>Abbrechen</translation>
+    </message>
+    <message>
+      <location filename="../../dialogs/widgetsetnode.ui" line="134" />
+      <source>Reset</source>
+      <translation>Zurücksetzen</translation>
     </message>
   </context>
   <context>
