@@ -152,6 +152,9 @@ WTreePropertyBrowser::WTreePropertyBrowser(QWidget* parent)
 
 WTreePropertyBrowser::~WTreePropertyBrowser()
 {
+    // The rows leave the view in one go; removed one by one as their managers delete them,
+    // each would make the view walk all the others.
+    QtAbstractPropertyBrowser::clear();
     // The managers take their rows with them, so the map must not outlive them.
     wPropertyMapping.clear();
     if (me == this)

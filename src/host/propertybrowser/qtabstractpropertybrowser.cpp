@@ -56,10 +56,7 @@ void QtAbstractPropertyBrowser::clear()
     setCurrentItem(nullptr);
     // One reset instead of a removal per row: the views drop their rows in one go.
     m_poModel->resetItems([this] {
-        const QList<QtBrowserItem*> topLevel = m_poRoot->m_lChildren;
-        m_poRoot->m_lChildren.clear();
-        m_poRoot->m_iRowKeyOffset = 0;
-        m_poRoot->m_iFirstStaleRow = 0;
+        const QList<QtBrowserItem*> topLevel = m_poRoot->takeChildren();
         for (QtBrowserItem* item : topLevel)
             destroyItem(item);
     });

@@ -1,5 +1,7 @@
 #include "qtbrowseritem.h"
 
+#include <cmath>
+
 QtBrowserItem::QtBrowserItem(QtAbstractPropertyBrowser* browser, QtProperty* property,
                              QtBrowserItem* parent)
     : m_poBrowser(browser)
@@ -30,16 +32,42 @@ QtAbstractPropertyBrowser* QtBrowserItem::browser() const
     return m_poBrowser;
 }
 
+namespace {
+
+// Below this many logged shifts a renumbering is not worth its pass over the children.
+const int kMinKeyShifts = 16;
+// A renumbering writes into every child, scattered over the heap, while a lookup replays the
+// log from one array: a log longer than the square root of the children costs less in all.
+const double kKeyShiftsPerRoot = 4.0;
+
+// The most shifts logged before all keys of @p count children are renumbered.
+int maxKeyShifts(int count)
+{
+    return qMax(kMinKeyShifts, int(kKeyShiftsPerRoot * std::sqrt(double(count))));
+}
+
+} // namespace
+
 int QtBrowserItem::rowOf(const QtBrowserItem* child)
 {
-    const int cached = child->m_iRowKey - m_iRowKeyOffset;
-    if (cached >= 0 && cached < m_iFirstStaleRow && m_lChildren.at(cached) == child)
-        return cached;
-    const int count = m_lChildren.size();
-    for (int row = m_iFirstStaleRow; row < count; ++row)
-        m_lChildren.at(row)->m_iRowKey = row + m_iRowKeyOffset;
-    m_iFirstStaleRow = count;
-    return child->m_iRowKey - m_iRowKeyOffset;
+    int key = child->m_iRowKey;
+    const int logged = m_vKeyShifts.size();
+    for (int i = child->m_iRowKeyAge; i < logged; ++i) {
+        const KeyShift& shift = m_vKeyShifts.at(i);
+        if (key >= shift.fromKey)
+            key += shift.delta;
+    }
+    const int row = key - m_iRowKeyOffset;
+    if (row >= 0 && row < m_lChildren.size() && m_lChildren.at(row) == child) {
+        // Stored, so that the next lookup of the same child replays nothing.
+        QtBrowserItem* found = m_lChildren.at(row);
+        found->m_iRowKey = key;
+        found->m_iRowKeyAge = logged;
+        return row;
+    }
+    // Only a log that went wrong leads here; renumbering all children still finds the row.
+    renumberChildren();
+    return child->m_iRowKey;
 }
 
 void QtBrowserItem::insertChild(int row, QtBrowserItem* child)
@@ -49,29 +77,53 @@ void QtBrowserItem::insertChild(int row, QtBrowserItem* child)
         // Every key stays valid when the offset moves down with the new first row.
         --m_iRowKeyOffset;
         m_lChildren.prepend(child);
-        child->m_iRowKey = m_iRowKeyOffset;
-        ++m_iFirstStaleRow;
     } else if (row == count) {
         m_lChildren.append(child);
-        child->m_iRowKey = row + m_iRowKeyOffset;
-        if (m_iFirstStaleRow == count)
-            m_iFirstStaleRow = count + 1;
     } else {
+        // The keys from the new row on move up by one; the new child's key comes after that.
+        m_vKeyShifts.append({row + m_iRowKeyOffset, 1});
         m_lChildren.insert(row, child);
-        m_iFirstStaleRow = qMin(m_iFirstStaleRow, row);
     }
+    child->m_iRowKey = row + m_iRowKeyOffset;
+    child->m_iRowKeyAge = m_vKeyShifts.size();
+    if (m_vKeyShifts.size() > maxKeyShifts(count + 1))
+        renumberChildren();
 }
 
 void QtBrowserItem::removeChild(int row)
 {
     m_lChildren.removeAt(row);
-    if (m_lChildren.isEmpty()) {
+    const int count = m_lChildren.size();
+    if (count == 0) {
         m_iRowKeyOffset = 0;
-        m_iFirstStaleRow = 0;
+        m_vKeyShifts.clear();
     } else if (row == 0) {
         ++m_iRowKeyOffset;
-        m_iFirstStaleRow = qMax(0, m_iFirstStaleRow - 1);
-    } else {
-        m_iFirstStaleRow = qMin(m_iFirstStaleRow, row);
+    } else if (row < count) {
+        // The keys behind the removed row move down by one; the last row has none behind it.
+        m_vKeyShifts.append({row + m_iRowKeyOffset + 1, -1});
+        if (m_vKeyShifts.size() > maxKeyShifts(count))
+            renumberChildren();
     }
+}
+
+QList<QtBrowserItem*> QtBrowserItem::takeChildren()
+{
+    QList<QtBrowserItem*> children;
+    children.swap(m_lChildren);
+    m_iRowKeyOffset = 0;
+    m_vKeyShifts.clear();
+    return children;
+}
+
+void QtBrowserItem::renumberChildren()
+{
+    const int count = m_lChildren.size();
+    for (int row = 0; row < count; ++row) {
+        QtBrowserItem* child = m_lChildren.at(row);
+        child->m_iRowKey = row;
+        child->m_iRowKeyAge = 0;
+    }
+    m_iRowKeyOffset = 0;
+    m_vKeyShifts.clear();
 }
