@@ -74,6 +74,7 @@ JobHost::JobHost(JobModel& model, RequestLog& log, QObject* parent)
     , m_oLog(log)
 {
     connect(&m_oModel, &JobModel::valuesChanged, this, &JobHost::vRefresh);
+    connect(&m_oModel, &JobModel::nodesChanged, this, &JobHost::vRefreshNodes);
     connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vOnStructureChanged);
 }
 
@@ -198,6 +199,21 @@ void JobHost::vRefresh()
             browser->updatePropertyItem(*row->node);
     }
     browser->refreshItemVisiblity();
+}
+
+void JobHost::vRefreshNodes(const QList<DItem*>& nodes)
+{
+    // The job tree paints values as it draws, so a repaint is all it needs; the property
+    // tree brings only the rows of these nodes up to date.
+    if (WidgetTreeView* tree = poTree())
+        tree->viewport()->update();
+    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
+    if (!browser)
+        return;
+    for (const DItem* node : nodes) {
+        if (browser->getWProperty(node))
+            browser->updatePropertyItem(*node);
+    }
 }
 
 void JobHost::vOnTreeReq(WRequest<QVariant> request, QVariant& reply)

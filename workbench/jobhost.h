@@ -8,6 +8,10 @@
 #include <QVariant>
 
 class JobModel;
+
+namespace Script {
+class DItem;
+}
 class RequestLog;
 class WidgetTree;
 class WidgetTreeView;
@@ -53,6 +57,7 @@ private:
     QString sFileRequest(int id, const QString& path);
     QString sAssistant(bool visible, QVariant& reply);
     void vRefresh();
+    void vRefreshNodes(const QList<Script::DItem*>& nodes);
     void vOnStructureChanged();
     void vScheduleFill();
 

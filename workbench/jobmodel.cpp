@@ -127,10 +127,17 @@ QList<DItem*> JobModel::nodes() const
     return m_hNodes.values();
 }
 
-void JobModel::vOutputsChanged()
+void JobModel::vOutputsChanged(const QList<DItem*>& outputs)
 {
     vFollowLinks();
-    emit valuesChanged();
+    // Only outputs change in a run, and the linked values that follow them; the views leave
+    // every other node, and an editor open on one, alone.
+    QList<DItem*> changed = outputs;
+    for (DItem* node : qAsConst(m_hNodes)) {
+        if (node->isLinked())
+            changed.append(node);
+    }
+    emit nodesChanged(changed);
 }
 
 void JobModel::vIndex()

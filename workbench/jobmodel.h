@@ -36,8 +36,9 @@ public:
     Script::DItem* poNode(const QString& path) const;
     /// Every node of the job, in no particular order.
     QList<Script::DItem*> nodes() const;
-    /// The running job changed outputs: linked values follow and the views refresh.
-    void vOutputsChanged();
+    /// The running job changed the values of @p outputs: linked values follow, and the views
+    /// refresh those nodes and the linked ones.
+    void vOutputsChanged(const QList<Script::DItem*>& outputs);
 
     /// Applies an edit command of the plug-in to the node at @p path. On refusal returns false
     /// and says why in @p error; nothing is changed then.
@@ -66,6 +67,8 @@ signals:
     void valuesChanged();
     /// Nodes were renamed or deleted; views that hold nodes must build them again.
     void structureChanged();
+    /// The values of @p nodes changed while the job ran; no other node changed.
+    void nodesChanged(const QList<Script::DItem*>& nodes);
 
 private:
     bool bSetValue(Script::DItem& node, const QVariant& params, QString* error);

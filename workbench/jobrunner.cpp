@@ -59,6 +59,7 @@ void JobRunner::setRunning(bool running)
 void JobRunner::vStep()
 {
     const QList<DItem*> nodes = m_oModel.nodes();
+    QList<DItem*> outputs;
     for (DItem* node : nodes) {
         const QString& type = node->iDataType();
         if (node->ioType() != DItem::IoOutput || !NodeTypes::isNumeric(type))
@@ -76,6 +77,7 @@ void JobRunner::vStep()
         else
             next = qBound(minimum, next, maximum);
         node->setProperty("IDataNumeric.DynamicValue", typedValue(type, next));
+        outputs.append(node);
     }
-    m_oModel.vOutputsChanged();
+    m_oModel.vOutputsChanged(outputs);
 }

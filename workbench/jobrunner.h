@@ -24,7 +24,8 @@ public:
     bool isRunning() const;
     /// Starts or stops the job.
     void setRunning(bool running);
-    /// One cycle of the job: every numeric output gets its next value; the views refresh once.
+    /// One cycle of the job: every numeric output gets its next value; the views refresh them
+    /// once.
     void vStep();
 
 signals:

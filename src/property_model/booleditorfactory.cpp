@@ -1,5 +1,9 @@
 #include "property_model/booleditorfactory.h"
 
+#include "editors/booleditor.h"
+#include "property_model/creationrules.h"
+#include "property_model/widgetproperty.h"
+
 namespace PropertyBrowser {
 namespace EditorFactories {
 
@@ -9,10 +13,13 @@ BoolEditorFactory::BoolEditorFactory(QObject* parent)
 
 BoolEditorFactory::~BoolEditorFactory() = default;
 
-QWidget* BoolEditorFactory::createEditor(QtBoolPropertyManager*, QtProperty*, QWidget*)
+QWidget* BoolEditorFactory::createEditor(QtBoolPropertyManager*, QtProperty* property,
+                                         QWidget* parent)
 {
-    // These rows have no in-row editor yet, so they stay read only.
-    return nullptr;
+    auto* row = dynamic_cast<WidgetProperty*>(property);
+    if (!row || !CreationRules::editable(property) || !CreationRules::allowed())
+        return nullptr;
+    return new Editors::BoolEditor(parent, row);
 }
 
 } // namespace EditorFactories

@@ -1,5 +1,10 @@
 #include "property_model/enumeditorfactory.h"
 
+#include "editors/enumeditor.h"
+#include "property_model/creationrules.h"
+#include "property_model/widgetproperty.h"
+#include "sdk/ditem.h"
+
 namespace PropertyBrowser {
 namespace EditorFactories {
 
@@ -9,10 +14,19 @@ EnumEditorFactory::EnumEditorFactory(QObject* parent)
 
 EnumEditorFactory::~EnumEditorFactory() = default;
 
-QWidget* EnumEditorFactory::createEditor(QtEnumPropertyManager*, QtProperty*, QWidget*)
+QWidget* EnumEditorFactory::createEditor(QtEnumPropertyManager*, QtProperty* property,
+                                         QWidget* parent)
 {
-    // These rows have no in-row editor yet, so they stay read only.
-    return nullptr;
+    auto* row = dynamic_cast<WidgetProperty*>(property);
+    if (!row || !CreationRules::editable(property) || !CreationRules::allowed())
+        return nullptr;
+    // A node that names a kernel matrix is a filter type, whose editor shows the kernel too;
+    // that editor is not here yet, so such a row stays read only for now.
+    const QString matrixPath =
+        row->node ? row->node->property("IDataModFilter.FilterMatrixPath").toString() : QString();
+    if (!matrixPath.isEmpty())
+        return nullptr;
+    return new Editors::EnumEditor(parent, row, Editors::BaseEditor::TypeEnum);
 }
 
 } // namespace EditorFactories

@@ -24,7 +24,8 @@ public:
 protected:
     /// Does nothing: the editor follows the node through the browser's refresh.
     void connectPropertyManager(Managers::Int64PropertyManager* manager) override;
-    /// The editor of @p property, or null when the row stays read only.
+    /// An Int64Editor for @p property when the project mode allows editing and the node's value or
+    /// its limits may be edited; otherwise null, and the row stays read only.
     QWidget* createEditor(Managers::Int64PropertyManager* manager, QtProperty* property,
                           QWidget* parent) override;
     /// Does nothing, as connectPropertyManager() did nothing.

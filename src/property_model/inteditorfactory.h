@@ -19,7 +19,8 @@ public:
     using QtSliderFactory::createEditor;
 
 protected:
-    /// The editor of @p property, or null when the row stays read only.
+    /// An IntEditor for @p property when the project mode allows editing and the node's value or
+    /// its limits may be edited; otherwise null, and the row stays read only.
     QWidget* createEditor(QtIntPropertyManager* manager, QtProperty* property, QWidget* parent) override;
 };
 

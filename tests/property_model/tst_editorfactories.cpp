@@ -118,8 +118,8 @@ private slots:
     void editableAndLimits_data();
     void editableAndLimits();
     void rulesForPropertiesThatAreNoRows();
-    void factoriesGiveNoEditorYet_data();
-    void factoriesGiveNoEditorYet();
+    void factoriesAnswerAnEditableRow_data();
+    void factoriesAnswerAnEditableRow();
     void noEditorWhenModeForbidsEditing_data();
     void noEditorWhenModeForbidsEditing();
     void ruleFollowingFactoryThroughBrowser_data();
@@ -254,64 +254,66 @@ void TestEditorFactories::rulesForPropertiesThatAreNoRows()
     QVERIFY(!CreationRules::limits(unbound));
 }
 
-void TestEditorFactories::factoriesGiveNoEditorYet_data()
+void TestEditorFactories::factoriesAnswerAnEditableRow_data()
 {
     QTest::addColumn<FactoryProbe>("probe");
     QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("editor");
 
     QTest::newRow("int") << FactoryProbe(
         askFactory<Factories::IntEditorFactory, Managers::IntPropertyManager, QtIntPropertyManager>)
-                         << "IDataBasicInt";
+                         << "IDataBasicInt" << "IntPropertyEditor";
     QTest::newRow("int64")
         << FactoryProbe(askFactory<Factories::Int64EditorFactory, Managers::Int64PropertyManager,
                                    Managers::Int64PropertyManager>)
-        << "IDataBasicInt64";
+        << "IDataBasicInt64" << "Int64PropertyEditor";
     QTest::newRow("double")
         << FactoryProbe(askFactory<Factories::DoubleEditorFactory, Managers::DoublePropertyManager,
                                    QtDoublePropertyManager>)
-        << "IDataBasicDouble";
+        << "IDataBasicDouble" << "DoublePropertyEditor";
     QTest::newRow("bool")
         << FactoryProbe(askFactory<Factories::BoolEditorFactory, Managers::BoolPropertyManager,
                                    QtBoolPropertyManager>)
-        << "IDataBasicBool";
+        << "IDataBasicBool" << "BoolPropertyEditor";
     QTest::newRow("enum")
         << FactoryProbe(askFactory<Factories::EnumEditorFactory, Managers::EnumPropertyManager,
                                    QtEnumPropertyManager>)
-        << "IDataBasicEnum";
+        << "IDataBasicEnum" << "EnumPropertyEditor";
     QTest::newRow("string")
         << FactoryProbe(askFactory<Factories::StringEditorFactory, Managers::StringPropertyManager,
                                    QtStringPropertyManager>)
-        << "IDataBasicString";
+        << "IDataBasicString" << QString();
     QTest::newRow("image")
         << FactoryProbe(askFactory<Factories::ImageEditorFactory, Managers::ImagePropertyManager,
                                    QtStringPropertyManager>)
-        << "IDataImage";
+        << "IDataImage" << QString();
     QTest::newRow("idata")
         << FactoryProbe(askFactory<Factories::IDataEditorFactory, Managers::IDataPropertyManager,
                                    QtStringPropertyManager>)
-        << "IDataModule";
+        << "IDataModule" << QString();
     QTest::newRow("point")
         << FactoryProbe(askFactory<Factories::PointEditorFactory, Managers::PointPropertyManager,
                                    QtStringPropertyManager>)
-        << "IDataGeoPoint";
+        << "IDataGeoPoint" << QString();
     QTest::newRow("binary")
         << FactoryProbe(askFactory<Factories::BinaryEditorFactory, Managers::BinaryPropertyManager,
                                    QtStringPropertyManager>)
-        << "IDataBinary";
+        << "IDataBinary" << QString();
     QTest::newRow("binary file")
         << FactoryProbe(askFactory<Factories::BinaryFileEditorFactory,
                                    Managers::BinaryFilePropertyManager, QtStringPropertyManager>)
-        << "IDataBinaryFile";
+        << "IDataBinaryFile" << QString();
     QTest::newRow("ocr filter")
         << FactoryProbe(askFactory<Factories::OcrFilterEditorFactory,
                                    Managers::OcrFilterPropertyManager, QtStringPropertyManager>)
-        << "IDataBasicString";
+        << "IDataBasicString" << QString();
 }
 
-void TestEditorFactories::factoriesGiveNoEditorYet()
+void TestEditorFactories::factoriesAnswerAnEditableRow()
 {
     QFETCH(FactoryProbe, probe);
     QFETCH(QString, type);
+    QFETCH(QString, editor);
 
     // Everything speaks for an editor: a browser in mode 0 and an editable node.
     makeBrowser();
@@ -324,8 +326,15 @@ void TestEditorFactories::factoriesGiveNoEditorYet()
     const FactoryAnswer answer = probe(*node, &parent);
     // The factory knows the row's manager, so the null is its own decision.
     QVERIFY(answer.paired);
-    QVERIFY(!answer.editor);
-    QVERIFY(parent.findChildren<QWidget*>().isEmpty());
+    if (editor.isEmpty()) {
+        // The row types without an in-row editor stay read only.
+        QVERIFY(!answer.editor);
+        QVERIFY(parent.findChildren<QWidget*>().isEmpty());
+    } else {
+        QVERIFY(answer.editor);
+        QCOMPARE(answer.editor->objectName(), editor);
+        QCOMPARE(answer.editor->parentWidget(), &parent);
+    }
 }
 
 void TestEditorFactories::noEditorWhenModeForbidsEditing_data()

@@ -95,12 +95,19 @@ void TestJobRunner::startAndStopAreReported()
 void TestJobRunner::aStepMovesOnlyNumericOutputs()
 {
     JobRunner runner(m_oModel);
-    QSignalSpy changed(&m_oModel, &JobModel::valuesChanged);
+    QSignalSpy changed(&m_oModel, &JobModel::nodesChanged);
     DItem* unavailable = m_oModel.poNode(QStringLiteral("Job.Source.Double"));
     QVERIFY(unavailable->isInitialized());
     runner.vStep();
     QCOMPARE(changed.count(), 1);
     QVERIFY(!unavailable->isInitialized());
+    // The three numeric outputs and the input linked to one of them; nothing else.
+    QStringList paths;
+    for (const DItem* node : changed.first().first().value<QList<DItem*>>())
+        paths.append(node->iDataPath());
+    paths.sort();
+    QCOMPARE(paths, (QStringList {"Job.Sink.Double", "Job.Source.Big", "Job.Source.Double",
+                                  "Job.Source.Int"}));
     for (int i = 0; i < 20; ++i)
         runner.vStep();
     QCOMPARE(changed.count(), 21);
@@ -170,7 +177,7 @@ void TestJobRunner::linkedInputsFollow()
 void TestJobRunner::runningStepsByItself()
 {
     JobRunner runner(m_oModel);
-    QSignalSpy changed(&m_oModel, &JobModel::valuesChanged);
+    QSignalSpy changed(&m_oModel, &JobModel::nodesChanged);
     runner.setRunning(true);
     QTRY_VERIFY_WITH_TIMEOUT(changed.count() >= 2, 5 * JobRunner::kIntervalMs + 2000);
     runner.setRunning(false);

@@ -186,28 +186,39 @@ void TestPropertyTreeHost::anEditTravelsToTheHostAndBack()
 void TestPropertyTreeHost::aPressOnAValueAsksForAnEditor()
 {
     select(kCamera);
-    QtBrowserItem* item = browser().getBrowserItem(*browser().getWProperty(kExposure));
     auto* view = browser().findChild<QAbstractItemView*>();
     QVERIFY(view);
-    const QModelIndex index = view->model()->index(0, 1);
-    QCOMPARE(view->model()->data(index).toString(), QStringLiteral("1200"));
+    const QStringList paths = browser().getPropertyPaths();
+    const QModelIndex exposure = view->model()->index(paths.indexOf(kExposure), 1);
+    const QModelIndex temperature = view->model()->index(paths.indexOf(kTemperature), 1);
+    QCOMPARE(view->model()->data(exposure).toString(), QStringLiteral("1200"));
     QList<QtBrowserItem*> pressedItems;
     connect(&browser(), &QtTreePropertyBrowser::mouseEventSignal, this,
             [&pressedItems](QMouseEvent* event, QtBrowserItem* pressed) {
                 if (event->type() == QEvent::MouseButtonPress)
                     pressedItems.append(pressed);
             });
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
 
+    // An editable row opens its editor, which tells the host that editing started.
+    const int started = requestsWithId(39);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(exposure).center());
+    QtBrowserItem* item = browser().getBrowserItem(*browser().getWProperty(kExposure));
     QCOMPARE(pressedItems, QList<QtBrowserItem*> {item});
     QCOMPARE(browser().currentItem(), item);
-    // No row has an editor yet; a camera row says once why it cannot be changed.
+    QVERIFY(view->findChild<QWidget*>(QStringLiteral("IntPropertyEditor")));
+    QTRY_COMPARE(requestsWithId(39), started + 1);
+    QVERIFY(Utils::DialogAutomation::calls().isEmpty());
+
+    // An output without an editor is read only; a camera row says once why.
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                      view->visualRect(temperature).center());
     const QList<Utils::DialogAutomation::Call> calls = Utils::DialogAutomation::calls();
     QCOMPARE(calls.size(), 1);
     QCOMPARE(calls.first().m_eKind, Utils::DialogAutomation::Info);
     QCOMPARE(calls.first().m_slTexts.value(0),
              QStringLiteral("This property cannot be changed in offline mode."));
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                      view->visualRect(temperature).center());
     QCOMPARE(Utils::DialogAutomation::calls().size(), 1);
 }
 

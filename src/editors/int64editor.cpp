@@ -1,0 +1,349 @@
+#include "editors/int64editor.h"
+
+#include "controls/int64slider.h"
+#include "controls/int64validator.h"
+#include "dialogs/widgetsetdynamicgeneric.h"
+#include "dialogs/widgetsetlocaladdon.h"
+#include "dialogs/widgetsetlocalint.h"
+#include "dialogs/widgetsetnode.h"
+#include "property_model/int64propertymanager.h"
+#include "property_model/widgetproperty.h"
+#include "sdk/ditem.h"
+#include "ui_widgetsetdynamicgeneric.h"
+#include "ui_widgetsetlocalint.h"
+#include "ui_widgetsetnode.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace PropertyBrowser {
+namespace Editors {
+
+namespace {
+
+// Numbers in the property tree read and write alike whatever the system locale; a row that is
+// gone still formats as the tree does.
+QLocale rowLocale(const WidgetProperty* row)
+{
+    return row ? row->locale() : QLocale(QLocale::English, QLocale::UnitedStates);
+}
+
+// The dialog lives for one run of the button's slot. It is deleted through a guard rather than
+// held by value: the editor is its parent, and if the tree drops the editor while the dialog's
+// own event loop runs, the dialog goes with it and must not be deleted a second time.
+class DialogHolder
+{
+public:
+    explicit DialogHolder(WidgetSetNode* dialog)
+        : m_dialog(dialog)
+    { }
+    ~DialogHolder() { delete m_dialog.data(); }
+    DialogHolder(const DialogHolder&) = delete;
+    DialogHolder& operator=(const DialogHolder&) = delete;
+
+    WidgetSetNode* get() const { return m_dialog.data(); }
+
+private:
+    QPointer<WidgetSetNode> m_dialog;
+};
+
+} // namespace
+
+Int64Editor::Int64Editor(QWidget* parent, WidgetProperty* property)
+    : BaseEditor(parent, property, TypeInt)
+    , m_propertyManager(
+          property ? dynamic_cast<Managers::Int64PropertyManager*>(property->propertyManager())
+                   : nullptr)
+    , m_rowLayout(new QHBoxLayout)
+    , m_valueLayout(new QVBoxLayout)
+    , m_lineEdit(new QLineEdit(this))
+    , m_slider(new Int64Slider(this))
+    , m_value(0)
+    , m_limitsEditable(property && property->node
+                       && property->node->property("IDataNumeric.LimitsEditable").toBool())
+    , m_minimum(0)
+    , m_maximum(0)
+    , m_singleStep(0)
+{
+    const QLocale locale = rowLocale(m_property);
+    m_lineEdit->setFrame(false);
+    m_lineEdit->setAcceptDrops(false);
+    m_lineEdit->setAlignment(Qt::AlignTop);
+    m_lineEdit->setLocale(locale);
+    auto* validator = new Int64Validator(m_lineEdit);
+    validator->setLocale(locale);
+    m_lineEdit->setValidator(validator);
+
+    m_slider->setOrientation(Qt::Horizontal);
+    m_slider->setCursor(Qt::ArrowCursor);
+    // Without tracking a drag only previews; the value goes to the node once, on release.
+    m_slider->setTracking(false);
+    m_slider->setFocusPolicy(Qt::NoFocus);
+    m_slider->setStyleSheet(commonStylesheet());
+
+    m_valueLayout->setContentsMargins(0, 0, 0, 0);
+    m_valueLayout->setSpacing(0);
+    m_valueLayout->addWidget(m_lineEdit);
+    m_valueLayout->addWidget(m_slider);
+
+    m_rowLayout->setContentsMargins(4, 0, 0, 0);
+    m_rowLayout->setSpacing(0);
+    m_rowLayout->addWidget(&m_linkLabel);
+    m_rowLayout->addLayout(m_valueLayout);
+    m_rowLayout->addWidget(&m_browseButton);
+
+    refreshEditorData();
+
+    connect(&m_browseButton, &QPushButton::clicked, this, &Int64Editor::vButtonClicked);
+    if (m_propertyManager)
+        connect(this, &BaseEditor::vLinkClicked, m_propertyManager,
+                &Managers::Int64PropertyManager::linkClicked);
+    connect(m_slider, &Int64Slider::sliderMoved, this, &Int64Editor::onSliderMoved);
+    // Direct, so that the commit of a slider change is made before its setter returns.
+    connect(m_slider, &Int64Slider::valueChanged, this, &Int64Editor::onSliderValueChanged,
+            Qt::DirectConnection);
+    connect(m_lineEdit, &QLineEdit::textEdited, this, &Int64Editor::onTextEdited);
+    connect(m_lineEdit, &QLineEdit::editingFinished, this, &Int64Editor::onEditFinished);
+
+    setObjectName(QStringLiteral("Int64PropertyEditor"));
+    setFocusProxy(m_lineEdit);
+    setLayout(m_rowLayout);
+}
+
+Int64Editor::~Int64Editor()
+{
+    // The base class takes the children down after this class is gone, and the text loses the
+    // focus on the way: its end of editing must not reach this editor any more.
+    disconnect(m_lineEdit, nullptr, this, nullptr);
+    disconnect(m_slider, nullptr, this, nullptr);
+}
+
+void Int64Editor::showLinkWidget(QString path)
+{
+    m_linkPath = path;
+    vButtonClicked();
+}
+
+void Int64Editor::readData()
+{
+    if (!m_property || !m_property->node || !m_propertyManager)
+        return;
+    const Script::DItem& node = *m_property->node;
+    const long localValue
+        = m_property->variantToVal<long>(node.property("IDataNumeric.LocalValue"));
+    const int ioType = node.ioType();
+    m_minimum = m_propertyManager->minimum(m_property);
+    m_maximum = m_propertyManager->maximum(m_property);
+    m_singleStep = m_propertyManager->singleStep(m_property);
+    // An output shows its state, not an editable value, unless its limits may be set.
+    if ((ioType == Script::DItem::IoOutput && !m_limitsEditable)
+        || ioType > Script::DItem::IoOutput)
+        return;
+    m_value = localValue;
+
+    const bool blocked = m_slider->blockSignals(true);
+    m_slider->setSingleStep(m_singleStep);
+    m_slider->setMinimum(m_minimum);
+    m_slider->setMaximum(m_maximum);
+    m_slider->setValue(m_propertyManager->value(m_property));
+    m_slider->setEnabled(!m_limitsEditable);
+    m_slider->blockSignals(blocked);
+
+    m_lineEdit->setText(m_propertyManager->valueText(m_property));
+    m_lineEdit->setToolTip(m_propertyManager->toolTipText(m_property));
+    // With editable limits the row only shows the value; the dialog edits the limits.
+    m_lineEdit->setReadOnly(m_limitsEditable);
+    m_lineEdit->setEnabled(!m_limitsEditable);
+    if (auto* validator = m_lineEdit->findChild<Int64Validator*>())
+        validator->setRange(m_minimum, m_maximum);
+
+    m_browseButton.setEnabled(true);
+    if (ioType == Script::DItem::IoInput) {
+        // A linked input takes its value from the link: the row only shows it.
+        const bool linked = node.isLinked();
+        m_slider->setEnabled(!linked);
+        m_lineEdit->setReadOnly(linked);
+    }
+}
+
+void Int64Editor::commitLocalData()
+{
+    if (m_propertyManager)
+        m_propertyManager->setValue(m_property, m_value);
+}
+
+void Int64Editor::vButtonClicked()
+{
+    if (!m_property || !m_property->node || !m_propertyManager)
+        return;
+    Managers::Int64PropertyManager* manager = m_propertyManager;
+    const Script::DItem& node = *m_property->node;
+    const long value = m_property->variantToVal<long>(node.property("IDataNumeric.LocalValue"));
+    const long minimum = m_property->variantToVal<long>(node.property("IDataNumeric.LocalMin"));
+    const long maximum = m_property->variantToVal<long>(node.property("IDataNumeric.LocalMax"));
+    const long step = m_property->variantToVal<long>(node.property("IDataNumeric.LocalStep"));
+    const QString path = node.iDataPath();
+    const int ioType = node.ioType();
+    // An output whose limits are fixed has nothing that a dialog could set.
+    if (ioType > Script::DItem::IoOutput
+        || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
+        return;
+
+    DialogHolder holder(new WidgetSetNode(this));
+    WidgetSetNode* dialog = holder.get();
+    auto* panel = new WidgetSetLocalInt(QApplication::activeWindow());
+    auto* links = new WidgetSetDynamicGeneric(dialog);
+
+    const QString linkedPath = node.linkedPath();
+    const bool ok = setupAndShowErrorLabel(*panel->ui->m_ErrorLabel, node);
+    connect(panel, &WidgetSetLocalInt::validationStateChanged, dialog,
+            &WidgetSetNode::onValidationResult, Qt::DirectConnection);
+
+    Ui_WidgetSetNode& form = *dialog->ui;
+    form.grpNodeValueType->hide();
+    form.pageLocal->layout()->addWidget(panel);
+    form.pageDynamic->layout()->addWidget(links);
+    form.rbLocalValue->setChecked(true);
+    const QString name = m_property->propertyName();
+    dialog->setWindowTitle(name);
+
+    Ui_WidgetSetLocalInt& fields = *panel->ui;
+    fields.m_poSlider->setMinimum(minimum);
+    fields.m_poSlider->setMaximum(maximum);
+    fields.m_poSlider->setValue(value);
+    fields.m_poSlider->setSingleStep(step);
+    // A new step keeps the slider's position, not its value, so the value is set once more.
+    fields.m_poSlider->setValue(value);
+    fields.m_poSlider->setEnabled(!m_limitsEditable);
+    fields.m_poSlider->setVisible(ok);
+    fields.m_ErrorLabel->setVisible(!ok);
+
+    const QString suffix = QLatin1Char(' ') + name;
+    fields.m_poLblMinValue->setText(tr("Minimal") + suffix);
+    fields.m_poLblMaxValue->setText(tr("Maximal") + suffix);
+    fields.m_poLblStepValue->setText(tr("Step") + suffix);
+    fields.m_poLblActualValue->setText(tr("Actual") + suffix);
+
+    const QLocale locale = m_property->locale();
+    const auto setUpLimitField = [this, &locale](QLineEdit* field, long limit) {
+        field->setText(QString::number(limit, 10));
+        field->setLocale(locale);
+        auto* validator = new Int64Validator(field);
+        validator->setLocale(locale);
+        field->setValidator(validator);
+        field->setEnabled(m_limitsEditable);
+        field->setReadOnly(!m_limitsEditable);
+    };
+    setUpLimitField(fields.m_poMinValueText, minimum);
+    setUpLimitField(fields.m_poMaxValueText, maximum);
+
+    // Shown for information only; the step is never read back.
+    fields.m_poStep->setText(QString::number(step, 10));
+    fields.m_poStep->setLocale(locale);
+
+    fields.m_poValue->setEnabled(!m_limitsEditable);
+    fields.m_poValue->setText(QString::number(value, 10));
+    auto* valueValidator = new Int64Validator(minimum, maximum, fields.m_poValue);
+    valueValidator->setLocale(locale);
+    fields.m_poValue->setValidator(valueValidator);
+    fields.m_poValue->setVisible(ok);
+
+    emit manager->refreshData(path);
+
+    const bool inRange = value >= minimum && value <= maximum;
+    WidgetSetLocalAddOn::showEvaluation(ok && ioType == Script::DItem::IoOutput && m_limitsEditable,
+                                        *fields.m_poLblEvaluatedResult, *fields.m_poWidgetLed,
+                                        inRange);
+    WidgetSetLocalAddOn::showLinkedTo(node.property("IData.LinksToMe").toStringList(),
+                                      *fields.m_poLblLinkedTo);
+
+    if (ioType == Script::DItem::IoInput) {
+        const Script::DItemListPair acceptable
+            = node.property("IData.AcceptableLinks").value<Script::DItemListPair>();
+        links->generateTree(acceptable, linkedPath.isEmpty() ? m_linkPath : linkedPath);
+        const bool linkable = !acceptable.first.isEmpty();
+        links->ui->m_poTreeWidget->setEnabled(linkable);
+        form.grpNodeValueType->show();
+        form.rbDynamicValue->setChecked(true);
+        form.rbDynamicValue->setEnabled(linkable);
+    }
+
+    const QPointer<Int64Editor> self(this);
+    const QPointer<WidgetProperty> row(m_property);
+    const int result = dialog->exec();
+    // The tree may have dropped the editor or the row while the dialog ran.
+    if (!self || !row || !holder.get() || result != QDialog::Accepted)
+        return;
+
+    if (form.rbLocalValue->isChecked()) {
+        if (!m_limitsEditable) {
+            m_value = fields.m_poSlider->value();
+            // The commit follows from the slider's valueChanged, so a value at the slider's
+            // present position sends nothing.
+            m_slider->setValue(m_value);
+        } else {
+            bool minimumOk = false;
+            bool maximumOk = false;
+            const qlonglong newMinimum = fields.m_poMinValueText->locale().toLongLong(
+                fields.m_poMinValueText->text(), &minimumOk);
+            const qlonglong newMaximum = fields.m_poMaxValueText->locale().toLongLong(
+                fields.m_poMaxValueText->text(), &maximumOk);
+            if (minimumOk && maximumOk)
+                manager->setLimits(m_property, newMinimum, newMaximum);
+        }
+    } else if (form.rbDynamicValue->isChecked()) {
+        // No selection, after Reset or on an empty list, clears the link.
+        const QList<QTreeWidgetItem*> selected = links->ui->m_poTreeWidget->selectedItems();
+        manager->setLink(path,
+                         selected.isEmpty() ? QStringLiteral("")
+                                            : selected.first()->data(0, Qt::UserRole).toString());
+    }
+}
+
+void Int64Editor::onSliderMoved(long value)
+{
+    m_value = value;
+    const QLocale locale = rowLocale(m_property);
+    QString text = locale.toString(static_cast<qlonglong>(value));
+    // The negation wraps as two's complement does, so the least value keeps a negative
+    // magnitude, and with it its separators.
+    const long long magnitude
+        = value < 0 ? static_cast<long long>(0ULL - static_cast<unsigned long long>(value)) : value;
+    if (static_cast<double>(magnitude) >= 1000.0)
+        text.remove(locale.groupSeparator());
+    m_lineEdit->setText(text);
+}
+
+void Int64Editor::onSliderValueChanged(long value)
+{
+    onSliderMoved(value);
+    commitLocalData();
+}
+
+void Int64Editor::onTextEdited(QString text)
+{
+    // The slider follows the text silently: nothing is sent while the user types.
+    const bool blocked = m_slider->blockSignals(true);
+    m_slider->setValue(rowLocale(m_property).toLongLong(text));
+    m_slider->blockSignals(blocked);
+}
+
+void Int64Editor::onEditFinished()
+{
+    const qlonglong number = rowLocale(m_property).toLongLong(m_lineEdit->text());
+    const Script::DItem* node = m_property ? m_property->node : nullptr;
+    // A linked node takes its value from the link; typing never replaces the link.
+    if ((node && node->isLinked()) || number == m_value)
+        return;
+    const bool blocked = m_slider->blockSignals(true);
+    m_value = number;
+    commitLocalData();
+    m_slider->blockSignals(blocked);
+}
+
+} // namespace Editors
+} // namespace PropertyBrowser

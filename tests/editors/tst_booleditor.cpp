@@ -1,0 +1,802 @@
+#include "dialogs/widgetsetdynamicgeneric.h"
+#include "dialogs/widgetsetnode.h"
+#include "editors/booleditor.h"
+#include "property_model/booleditorfactory.h"
+#include "property_model/boolpropertymanager.h"
+#include "property_model/widgetproperty.h"
+#include "property_model/wtreepropertybrowser.h"
+#include "qtbrowseritem.h"
+#include "sdk/ditem.h"
+#include "sdk/wappsettings.h"
+#include "ui_widgetsetdynamicgeneric.h"
+#include "ui_widgetsetnode.h"
+
+#include "../navigator/tabletranslator.h"
+#include "../propertybrowser/propertymetatype.h"
+#include "../property_model/managertestsupport.h"
+#include "testsupport.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <QTreeWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+using PropertyBrowser::WidgetProperty;
+using PropertyBrowser::WTreePropertyBrowser;
+using PropertyBrowser::Editors::BaseEditor;
+using PropertyBrowser::Editors::BoolEditor;
+using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
+using PropertyBrowser::Editors::WidgetSetNode;
+using PropertyBrowser::Managers::BoolPropertyManager;
+using Command = VardeenDefs::PropertyEditor::Command;
+using IoType = Script::DItem::IoType;
+using ManagerTest::verifyOnlyEdit;
+
+namespace {
+
+const QString kPath = QStringLiteral("Job.Light.Strobe");
+
+/// Reads the type tag that an editor was made with; nothing in the library reads it back.
+struct EditorPeek : BaseEditor
+{
+    static EditorType typeOf(const BaseEditor& editor) { return editor.*(&EditorPeek::m_editorType); }
+};
+
+/// A parent that records the keys its children leave to it.
+class KeyCatcher : public QWidget
+{
+public:
+    int keys = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        ++keys;
+        event->accept();
+    }
+};
+
+/// What became of the value dialog that an action was to open.
+struct DialogRun
+{
+    /// A value dialog came up as the modal window.
+    bool shown = false;
+    /// The steps did not close it, so the run closed it with reject().
+    bool leftOpen = false;
+};
+
+/// Does @p open, which may bring up the value dialog, and runs @p steps on the dialog inside its
+/// event loop. Steps that fail, or forget to close the dialog, still end with it closed, so no
+/// test waits for a person.
+DialogRun runDialog(const std::function<void()>& open,
+                    const std::function<void(WidgetSetNode&)>& steps)
+{
+    DialogRun run;
+    QTimer watch;
+    int ticks = 0;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
+        if (!dialog) {
+            if (++ticks > 1000)
+                watch.stop();
+            return;
+        }
+        watch.stop();
+        run.shown = true;
+        steps(*dialog);
+        if (dialog->isVisible()) {
+            run.leftOpen = true;
+            dialog->reject();
+        }
+    });
+    watch.start(0);
+    open();
+    return run;
+}
+
+/// Lets the event loop run until every timer of @p ms or less that is running now has fired.
+void letTimersFire(int ms)
+{
+    QObject context;
+    bool fired = false;
+    QTimer::singleShot(ms, &context, [&fired] { fired = true; });
+    QTRY_VERIFY(fired);
+}
+
+/// Clicks @p box on its indicator, where a person clicks it; the box may be far wider.
+void clickCheckBox(QCheckBox* box)
+{
+    QStyleOptionButton option;
+    option.initFrom(box);
+    const QRect indicator = box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+    QTest::mouseClick(box, Qt::LeftButton, {}, indicator.center());
+}
+
+QCheckBox* localCheckBox(WidgetSetNode& dialog)
+{
+    return dialog.ui->pageLocal->findChild<QCheckBox*>();
+}
+
+QTreeWidget* linkTree(WidgetSetNode& dialog)
+{
+    auto* picker = dialog.ui->pageDynamic->findChild<WidgetSetDynamicGeneric*>();
+    return picker ? picker->ui->m_poTreeWidget : nullptr;
+}
+
+/// The leaf of the link tree that stands for the node at @p path, or null.
+QTreeWidgetItem* linkItem(QTreeWidget* tree, const QString& path)
+{
+    for (QTreeWidgetItem* item :
+         tree->findItems(path.section('.', -1), Qt::MatchExactly | Qt::MatchRecursive)) {
+        if (item->data(0, Qt::UserRole).toString() == path)
+            return item;
+    }
+    return nullptr;
+}
+
+void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
+{
+    tree->expandAll();
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
+}
+
+/// One bool row with its node and its editor, inside a host that catches the keys the editor
+/// passes on.
+struct Fixture
+{
+    explicit Fixture(IoType ioType)
+        : node(kPath, QStringLiteral("IDataBasicBool"), ioType)
+        , manager(new BoolPropertyManager)
+        , host(new KeyCatcher)
+    {
+        node.setProperty("IDataBasicBool.DynamicValue", false);
+        node.setProperty("IDataBasicBool.LocalValue", false);
+        node.setProperty("IDataBasicBool.ActionReply", QStringLiteral("Off"));
+        node.setProperty("iIsEditable", true);
+        for (const char* path : {"Job.Camera.Ready", "Job.Trigger.Armed"}) {
+            targets.push_back(std::make_unique<Script::DItem>(QLatin1String(path),
+                                                              QStringLiteral("IDataBasicBool"),
+                                                              Script::DItem::IoOutput));
+        }
+        QList<Script::DItem*> linkable;
+        for (const auto& target : targets)
+            linkable.append(target.get());
+        node.setProperty("IData.AcceptableLinks",
+                         QVariant::fromValue(Script::DItemListPair(linkable, linkable)));
+        row = dynamic_cast<WidgetProperty*>(manager->addProperty(QStringLiteral("Strobe")));
+        row->setData(node);
+        edits = std::make_unique<QSignalSpy>(manager.get(), &BoolPropertyManager::vPropertyEdited);
+    }
+
+    void link(const QString& path)
+    {
+        node.setLinked(true);
+        node.setLinkedPath(path);
+    }
+
+    BoolEditor* makeEditor()
+    {
+        editor = new BoolEditor(host.get(), row);
+        auto* layout = new QHBoxLayout(host.get());
+        layout->addWidget(editor);
+        return editor;
+    }
+
+    BoolEditor* showEditor()
+    {
+        makeEditor();
+        host->resize(300, 30);
+        host->show();
+        if (!QTest::qWaitForWindowActive(host.get()))
+            qWarning("the editor's window did not become active");
+        return editor;
+    }
+
+    QCheckBox* checkBox() const
+    {
+        return editor->findChild<QCheckBox*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    QPushButton* browseButton() const
+    {
+        return editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    DialogRun clickBrowse(const std::function<void(WidgetSetNode&)>& steps)
+    {
+        return runDialog([this] { QTest::mouseClick(browseButton(), Qt::LeftButton); }, steps);
+    }
+
+    Script::DItem node;
+    std::vector<std::unique_ptr<Script::DItem>> targets;
+    std::unique_ptr<BoolPropertyManager> manager;
+    std::unique_ptr<KeyCatcher> host;
+    WidgetProperty* row = nullptr;
+    BoolEditor* editor = nullptr;
+    std::unique_ptr<QSignalSpy> edits;
+};
+
+} // namespace
+
+class TestBoolEditor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void constructionSetsUpRow();
+    void readData_data();
+    void readData();
+    void outputClearsTextOnly();
+    void outputAtConstruction();
+    void mouseToggleCommitsAfterDelay();
+    void spaceTogglesAndPassesOn();
+    void otherKeysOnlyPassOn();
+    void commitTakesStateNotArgument();
+    void twoTogglesWithinDelaySendTwoCommits();
+    void deletedEditorSendsNothing();
+    void linkClickReachesManager();
+
+    void dialogShowsNode_data();
+    void dialogShowsNode();
+    void dialogCommitRule_data();
+    void dialogCommitRule();
+    void dialogKeepsHeldValue();
+    void dialogLinksPickedNode();
+    void dialogResetClearsLink();
+    void dialogCancelSendsNothing_data();
+    void dialogCancelSendsNothing();
+    void noDialogForOutput_data();
+    void noDialogForOutput();
+    void showLinkWidgetPreselects();
+
+    void factory_data();
+    void factory();
+    void factoryRefusesOtherProperties();
+    void toggledThroughBrowser();
+
+private:
+    std::unique_ptr<TableTranslator> m_poTranslator;
+};
+
+void TestBoolEditor::initTestCase()
+{
+    TestSupport::failOnWarnings();
+    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    Script::DItem::vRegisterMetaTypes();
+    qRegisterMetaType<Command>();
+    qRegisterMetaType<QtProperty*>();
+}
+
+void TestBoolEditor::cleanup()
+{
+    if (m_poTranslator) {
+        QCoreApplication::removeTranslator(m_poTranslator.get());
+        m_poTranslator.reset();
+    }
+    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
+    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
+                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
+}
+
+// --- the row ------------------------------------------------------------------------------
+
+void TestBoolEditor::constructionSetsUpRow()
+{
+    Fixture f(Script::DItem::IoInput);
+    BoolEditor* editor = f.makeEditor();
+    QCOMPARE(editor->objectName(), QStringLiteral("BoolPropertyEditor"));
+    QCOMPARE(EditorPeek::typeOf(*editor), BaseEditor::TypeBool);
+    QCOMPARE(int(EditorPeek::typeOf(*editor)), 1);
+    QCheckBox* box = f.checkBox();
+    QVERIFY(box);
+    QCOMPARE(box->focusPolicy(), Qt::NoFocus);
+    QVERIFY(!editor->focusProxy());
+
+    auto* layout = qobject_cast<QHBoxLayout*>(editor->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->spacing(), 0);
+    QCOMPARE(layout->contentsMargins(), QMargins(4, 0, 0, 0));
+    QCOMPARE(layout->count(), 3);
+    QVERIFY(qobject_cast<QLabel*>(layout->itemAt(0)->widget()));
+    QCOMPARE(layout->itemAt(1)->widget(), static_cast<QWidget*>(box));
+    QCOMPARE(layout->itemAt(2)->widget(), static_cast<QWidget*>(f.browseButton()));
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::readData_data()
+{
+    QTest::addColumn<int>("ioType");
+    QTest::addColumn<bool>("dynamicValue");
+    QTest::newRow("setting, true") << 0 << true;
+    QTest::newRow("setting, false") << 0 << false;
+    QTest::newRow("input, true") << 1 << true;
+    QTest::newRow("input, false") << 1 << false;
+}
+
+void TestBoolEditor::readData()
+{
+    QFETCH(int, ioType);
+    QFETCH(bool, dynamicValue);
+    m_poTranslator = std::make_unique<TableTranslator>();
+    m_poTranslator->add(QStringLiteral("IData"), QStringLiteral("Flash"), QStringLiteral("Blitz"));
+    QCoreApplication::installTranslator(m_poTranslator.get());
+
+    Fixture f(static_cast<IoType>(ioType));
+    f.node.setProperty("IDataBasicBool.DynamicValue", dynamicValue);
+    f.node.setProperty("IDataBasicBool.LocalValue", !dynamicValue);
+    f.node.setProperty("IDataBasicBool.ActionReply", QStringLiteral("Flash"));
+    QSignalSpy repaints(f.manager.get(), &QtAbstractPropertyManager::propertyChanged);
+    f.makeEditor();
+    QCheckBox* box = f.checkBox();
+    // The row shows the effective value, with the node's reply, translated.
+    QCOMPARE(box->isChecked(), dynamicValue);
+    QCOMPARE(box->text(), QStringLiteral("Blitz"));
+    QCOMPARE(box->toolTip(), QStringLiteral("Blitz"));
+    QVERIFY(box->isEnabled());
+    QVERIFY(!f.browseButton()->isHidden());
+    QVERIFY(f.browseButton()->isEnabled());
+    // The row is told to repaint.
+    QCOMPARE(repaints.count(), 1);
+    QCOMPARE(repaints.at(0).at(0).value<QtProperty*>(), static_cast<QtProperty*>(f.row));
+    // Filling the box sends nothing, not even later.
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::outputClearsTextOnly()
+{
+    Fixture f(Script::DItem::IoNone);
+    f.node.setProperty("IDataBasicBool.DynamicValue", true);
+    f.makeEditor();
+    QCheckBox* box = f.checkBox();
+    QVERIFY(box->isChecked());
+    QCOMPARE(box->text(), QStringLiteral("Off"));
+    QSignalSpy repaints(f.manager.get(), &QtAbstractPropertyManager::propertyChanged);
+
+    f.node.setIoType(Script::DItem::IoOutput);
+    f.node.setProperty("IDataBasicBool.DynamicValue", false);
+    f.node.setProperty("IDataBasicBool.ActionReply", QStringLiteral("Changed"));
+    f.editor->refreshEditorData();
+    QCOMPARE(box->text(), QString());
+    QVERIFY(box->isChecked());
+    QCOMPARE(box->toolTip(), QStringLiteral("Off"));
+    QCOMPARE(repaints.count(), 0);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::outputAtConstruction()
+{
+    Fixture f(Script::DItem::IoOutput);
+    f.node.setProperty("IDataBasicBool.DynamicValue", true);
+    f.makeEditor();
+    QVERIFY(!f.checkBox()->isChecked());
+    QCOMPARE(f.checkBox()->text(), QString());
+    QCOMPARE(f.checkBox()->toolTip(), QString());
+}
+
+void TestBoolEditor::mouseToggleCommitsAfterDelay()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    QCheckBox* box = f.checkBox();
+    clickCheckBox(box);
+    QVERIFY(box->isChecked());
+    // The commit waits for its timer.
+    QCOMPARE(f.edits->count(), 0);
+    QTRY_COMPARE(f.edits->count(), 1);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetValue, true);
+
+    clickCheckBox(box);
+    QTRY_COMPARE(f.edits->count(), 2);
+    ManagerTest::verifyEdit(*f.edits, 1, kPath, Command::SetValue, false);
+}
+
+void TestBoolEditor::spaceTogglesAndPassesOn()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    QTest::keyClick(f.editor, Qt::Key_Space);
+    QVERIFY(f.checkBox()->isChecked());
+    // The key goes on to the parent as ignored.
+    QCOMPARE(f.host->keys, 1);
+    QTRY_COMPARE(f.edits->count(), 1);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetValue, true);
+}
+
+void TestBoolEditor::otherKeysOnlyPassOn()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    QTest::keyClick(f.editor, Qt::Key_A);
+    QTest::keyClick(f.editor, Qt::Key_Return);
+    QVERIFY(!f.checkBox()->isChecked());
+    QCOMPARE(f.host->keys, 2);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::commitTakesStateNotArgument()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.node.setProperty("IDataBasicBool.DynamicValue", true);
+    f.makeEditor();
+    QVERIFY(f.checkBox()->isChecked());
+    f.editor->delayedCommit(false);
+    QTRY_COMPARE(f.edits->count(), 1);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetValue, true);
+}
+
+void TestBoolEditor::twoTogglesWithinDelaySendTwoCommits()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    QCheckBox* box = f.checkBox();
+    // Both clicks land before the event loop runs again, so well within 10 ms of each other.
+    clickCheckBox(box);
+    clickCheckBox(box);
+    QVERIFY(!box->isChecked());
+    QTRY_COMPARE(f.edits->count(), 2);
+    // Each timer sends what is held when it fires: the last state, twice.
+    ManagerTest::verifyEdit(*f.edits, 0, kPath, Command::SetValue, false);
+    ManagerTest::verifyEdit(*f.edits, 1, kPath, Command::SetValue, false);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 2);
+}
+
+void TestBoolEditor::deletedEditorSendsNothing()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    clickCheckBox(f.checkBox());
+    delete f.editor;
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::linkClickReachesManager()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.link(QStringLiteral("Job.Camera.Ready"));
+    f.makeEditor();
+    QCOMPARE(f.editor->mode(), BaseEditor::ModeLinked);
+    QSignalSpy clicks(f.manager.get(), &BoolPropertyManager::linkClicked);
+    auto* label = f.editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(label);
+    emit label->linkActivated(QStringLiteral("Job.Camera.Ready"));
+    QCOMPARE(clicks.count(), 1);
+    QCOMPARE(clicks.at(0).at(0).toString(), QStringLiteral("Job.Camera.Ready"));
+}
+
+// --- the value dialog ---------------------------------------------------------------------
+
+void TestBoolEditor::dialogShowsNode_data()
+{
+    QTest::addColumn<int>("ioType");
+    QTest::addColumn<bool>("localValue");
+    QTest::newRow("setting, true") << 0 << true;
+    QTest::newRow("setting, false") << 0 << false;
+    QTest::newRow("input, true") << 1 << true;
+}
+
+void TestBoolEditor::dialogShowsNode()
+{
+    QFETCH(int, ioType);
+    QFETCH(bool, localValue);
+    Fixture f(static_cast<IoType>(ioType));
+    // The page shows the local value, not the effective one.
+    f.node.setProperty("IDataBasicBool.LocalValue", localValue);
+    f.node.setProperty("IDataBasicBool.DynamicValue", !localValue);
+    f.showEditor();
+    QSignalSpy refreshes(f.manager.get(), &BoolPropertyManager::refreshData);
+    const bool input = ioType == 1;
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Strobe"));
+        QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(f.editor));
+        QCheckBox* box = localCheckBox(dialog);
+        QVERIFY(box);
+        QCOMPARE(box->text(), QStringLiteral("Output Value"));
+        QCOMPARE(box->isChecked(), localValue);
+        QCOMPARE(dialog.ui->grpNodeValueType->isVisible(), input);
+        QCOMPARE(dialog.ui->rbDynamicValue->isChecked(), input);
+        QCOMPARE(dialog.ui->rbLocalValue->isChecked(), !input);
+        // Only an input asks the host to bring it up to date.
+        QCOMPARE(refreshes.count(), input ? 1 : 0);
+        if (input)
+            QCOMPARE(refreshes.at(0).at(0).toString(), kPath);
+        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::dialogCommitRule_data()
+{
+    QTest::addColumn<bool>("linked");
+    QTest::addColumn<bool>("localValue");
+    QTest::addColumn<bool>("chosen");
+    QTest::addColumn<bool>("sends");
+    QTest::newRow("unlinked, same value") << false << true << true << false;
+    QTest::newRow("unlinked, same false") << false << false << false << false;
+    QTest::newRow("unlinked, other value") << false << false << true << true;
+    // The same value on a linked node replaces the link.
+    QTest::newRow("linked, same value") << true << true << true << true;
+    QTest::newRow("linked, other value") << true << true << false << true;
+}
+
+void TestBoolEditor::dialogCommitRule()
+{
+    QFETCH(bool, linked);
+    QFETCH(bool, localValue);
+    QFETCH(bool, chosen);
+    QFETCH(bool, sends);
+
+    Fixture f(Script::DItem::IoInput);
+    if (linked)
+        f.link(QStringLiteral("Job.Camera.Ready"));
+    f.node.setProperty("IDataBasicBool.LocalValue", localValue);
+    f.showEditor();
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+        QVERIFY(dialog.ui->rbLocalValue->isChecked());
+        QCheckBox* box = localCheckBox(dialog);
+        QVERIFY(box);
+        if (box->isChecked() != chosen)
+            clickCheckBox(box);
+        QCOMPARE(box->isChecked(), chosen);
+        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    if (sends)
+        verifyOnlyEdit(*f.edits, kPath, Command::SetValue, chosen);
+    else
+        QCOMPARE(f.edits->count(), 0);
+    // The dialog's write is direct: no delayed commit follows it.
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), sends ? 1 : 0);
+}
+
+void TestBoolEditor::dialogKeepsHeldValue()
+{
+    Fixture f(Script::DItem::IoNone);
+    f.showEditor();
+    // Accepting a new value does not make it the held one: the same choice again still differs
+    // from it, until the node itself says otherwise.
+    for (int round = 1; round <= 2; ++round) {
+        const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+            QCheckBox* box = localCheckBox(dialog);
+            QVERIFY(box);
+            QVERIFY(!box->isChecked());
+            clickCheckBox(box);
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+        QVERIFY(run.shown);
+        QVERIFY(!run.leftOpen);
+        QCOMPARE(f.edits->count(), round);
+        ManagerTest::verifyEdit(*f.edits, round - 1, kPath, Command::SetValue, true);
+    }
+}
+
+void TestBoolEditor::dialogLinksPickedNode()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+        QVERIFY(dialog.ui->rbDynamicValue->isEnabled());
+        QTreeWidget* tree = linkTree(dialog);
+        QVERIFY(tree);
+        QVERIFY(tree->isEnabled());
+        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
+        QVERIFY(target);
+        clickItem(tree, target);
+        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetLink, QStringLiteral("Job.Trigger.Armed"));
+}
+
+void TestBoolEditor::dialogResetClearsLink()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.link(QStringLiteral("Job.Camera.Ready"));
+    f.showEditor();
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        QTreeWidget* tree = linkTree(dialog);
+        QVERIFY(tree);
+        QCOMPARE(tree->selectedItems().size(), 1);
+        QVERIFY(dialog.ui->m_ResetBtn->isVisible());
+        QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
+        QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetLink, QStringLiteral(""));
+}
+
+void TestBoolEditor::dialogCancelSendsNothing_data()
+{
+    QTest::addColumn<bool>("linkPage");
+    QTest::newRow("value changed") << false;
+    QTest::newRow("link picked") << true;
+}
+
+void TestBoolEditor::dialogCancelSendsNothing()
+{
+    QFETCH(bool, linkPage);
+    Fixture f(Script::DItem::IoInput);
+    f.link(QStringLiteral("Job.Camera.Ready"));
+    f.showEditor();
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        if (linkPage) {
+            QTreeWidget* tree = linkTree(dialog);
+            QVERIFY(tree);
+            QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
+            QVERIFY(target);
+            clickItem(tree, target);
+            QVERIFY(target->isSelected());
+        } else {
+            QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+            QCheckBox* box = localCheckBox(dialog);
+            QVERIFY(box);
+            clickCheckBox(box);
+        }
+        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::noDialogForOutput_data()
+{
+    QTest::addColumn<int>("ioType");
+    QTest::newRow("output") << 2;
+    QTest::newRow("unknown kind") << 3;
+}
+
+void TestBoolEditor::noDialogForOutput()
+{
+    QFETCH(int, ioType);
+    Fixture f(static_cast<IoType>(ioType));
+    f.showEditor();
+    QSignalSpy refreshes(f.manager.get(), &BoolPropertyManager::refreshData);
+    const DialogRun run = f.clickBrowse([](WidgetSetNode& dialog) {
+        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+    });
+    QVERIFY(!run.shown);
+    QCOMPARE(refreshes.count(), 0);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::showLinkWidgetPreselects()
+{
+    Fixture f(Script::DItem::IoInput);
+    f.showEditor();
+    const DialogRun run = runDialog(
+        [&] { f.editor->showLinkWidget(QStringLiteral("Job.Trigger.Armed")); },
+        [&](WidgetSetNode& dialog) {
+            QTreeWidget* tree = linkTree(dialog);
+            QVERIFY(tree);
+            QCOMPARE(tree->selectedItems().size(), 1);
+            QCOMPARE(tree->selectedItems().first()->data(0, Qt::UserRole).toString(),
+                     QStringLiteral("Job.Trigger.Armed"));
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetLink, QStringLiteral("Job.Trigger.Armed"));
+}
+
+// --- the factory --------------------------------------------------------------------------
+
+void TestBoolEditor::factory_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("editable");
+    QTest::addColumn<bool>("editor");
+    QTest::newRow("editable") << 0 << true << true;
+    QTest::newRow("not editable") << 0 << false << false;
+    QTest::newRow("editing blocked only") << 0x1000 << true << true;
+    QTest::newRow("locked only") << 0x1 << true << true;
+    QTest::newRow("no editing in this mode") << 0x1001 << true << false;
+}
+
+void TestBoolEditor::factory()
+{
+    QFETCH(int, mode);
+    QFETCH(bool, editable);
+    QFETCH(bool, editor);
+
+    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
+    browser->onProjectModeChanged(mode);
+    Fixture f(Script::DItem::IoInput);
+    f.node.setProperty("iIsEditable", editable);
+    // Editable limits are no reason to edit a truth value.
+    f.node.setProperty("IDataNumeric.LimitsEditable", true);
+    PropertyBrowser::EditorFactories::BoolEditorFactory factory;
+    factory.addPropertyManager(f.manager.get());
+    QWidget parent;
+    std::unique_ptr<QWidget> made(factory.createEditor(f.row, &parent));
+    QCOMPARE(made != nullptr, editor);
+    if (made) {
+        auto* boolEditor = qobject_cast<BoolEditor*>(made.get());
+        QVERIFY(boolEditor);
+        QCOMPARE(made->parentWidget(), &parent);
+        QCOMPARE(EditorPeek::typeOf(*boolEditor), BaseEditor::TypeBool);
+    } else {
+        QVERIFY(parent.findChildren<QWidget*>().isEmpty());
+    }
+}
+
+void TestBoolEditor::factoryRefusesOtherProperties()
+{
+    PropertyBrowser::EditorFactories::BoolEditorFactory factory;
+    QWidget parent;
+    QtBoolPropertyManager plainManager;
+    factory.addPropertyManager(&plainManager);
+    QtProperty* plain = plainManager.addProperty(QStringLiteral("Plain"));
+    QVERIFY(!factory.createEditor(plain, &parent));
+    BoolPropertyManager manager;
+    factory.addPropertyManager(&manager);
+    QtProperty* unbound = manager.addProperty(QStringLiteral("Unbound"));
+    QVERIFY(!factory.createEditor(unbound, &parent));
+    QVERIFY(parent.findChildren<QWidget*>().isEmpty());
+    Fixture f(Script::DItem::IoInput);
+    factory.addPropertyManager(f.manager.get());
+    std::unique_ptr<QWidget> made(factory.createEditor(f.row, &parent));
+    QVERIFY(qobject_cast<BoolEditor*>(made.get()));
+}
+
+void TestBoolEditor::toggledThroughBrowser()
+{
+    Settings::WAppSettings::instance()->removeSetting(QStringLiteral("PROPERTY_EDITOR"));
+    Script::DItem node(kPath, QStringLiteral("IDataBasicBool"), Script::DItem::IoNone);
+    node.setProperty("IData.Description", QStringLiteral("Strobe"));
+    node.setProperty("IData.IsGuiVisible", true);
+    node.setProperty("iIsEditable", true);
+    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
+    browser->resize(400, 300);
+    WidgetProperty* row = browser->createPropertyItem(node, true);
+    QVERIFY(row);
+    QSignalSpy edits(browser.get(), &WTreePropertyBrowser::propertyEdited);
+    browser->show();
+    QVERIFY(QTest::qWaitForWindowExposed(browser.get()));
+
+    browser->editItem(browser->topLevelItem(row));
+    auto* view = browser->findChild<QTreeView*>();
+    auto* editor = qobject_cast<BoolEditor*>(view->indexWidget(view->model()->index(0, 1)));
+    QVERIFY(editor);
+    QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
+    auto* box = editor->findChild<QCheckBox*>();
+    QVERIFY(box);
+    clickCheckBox(box);
+    QTRY_COMPARE(edits.count(), 1);
+    ManagerTest::verifyEdit(edits, 0, kPath, Command::SetValue, true);
+    browser.reset();
+    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
+}
+
+QTEST_MAIN(TestBoolEditor)
+#include "tst_booleditor.moc"
