@@ -1,12 +1,9 @@
 #include "editors/booleditor.h"
 
-#include "dialogs/widgetsetdynamicgeneric.h"
-#include "dialogs/widgetsetnode.h"
+#include "editors/valuedialog.h"
 #include "property_model/boolpropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
-#include "ui_widgetsetnode.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,7 +11,6 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTimer>
-#include <QTreeWidget>
 
 namespace PropertyBrowser {
 namespace Editors {
@@ -23,31 +19,6 @@ namespace {
 
 // The commit waits this long after a toggle. It is no debounce: every toggle commits.
 const int kCommitDelayMs = 10;
-
-/// Offers the nodes that an input may be linked to and opens the dialog on its link page, with
-/// the present link, or else @p fallbackPath, preselected.
-void prepareLinking(const Script::DItem& node, const QString& fallbackPath, WidgetSetNode& dialog,
-                    WidgetSetDynamicGeneric& picker)
-{
-    const auto links = node.property("IData.AcceptableLinks").value<Script::DItemListPair>();
-    QString selectPath = node.linkedPath();
-    if (selectPath.isEmpty())
-        selectPath = fallbackPath;
-    picker.generateTree(links, selectPath);
-    const bool anyTarget = !links.first.isEmpty();
-    picker.ui->m_poTreeWidget->setEnabled(anyTarget);
-    dialog.ui->grpNodeValueType->show();
-    dialog.ui->rbDynamicValue->setChecked(true);
-    dialog.ui->rbDynamicValue->setEnabled(anyTarget);
-}
-
-/// The link the user chose in @p picker: the selected node's path, or "" to drop the link.
-QString chosenLink(const WidgetSetDynamicGeneric& picker)
-{
-    const QList<QTreeWidgetItem*> selected = picker.ui->m_poTreeWidget->selectedItems();
-    return selected.isEmpty() ? QStringLiteral("")
-                              : selected.first()->data(0, Qt::UserRole).toString();
-}
 
 } // namespace
 
@@ -149,33 +120,28 @@ void BoolEditor::vButtonClicked()
     if (ioType > Script::DItem::IoInput)
         return;
 
-    WidgetSetNode dialog(this);
-    WidgetSetDynamicGeneric linkPanel(&dialog);
+    ValueDialog valueDialog(*this, *m_property);
     // A truth value needs no panel of its own: one check box is the whole local page.
-    QCheckBox localPage(QApplication::activeWindow());
-    localPage.setChecked(localValue);
-    localPage.setText(tr("Output Value"));
-    Ui_WidgetSetNode& frame = *dialog.ui;
-    frame.grpNodeValueType->hide();
-    frame.pageLocal->layout()->addWidget(&localPage);
-    frame.pageDynamic->layout()->addWidget(&linkPanel);
-    frame.rbLocalValue->setChecked(true);
-    dialog.setWindowTitle(m_property->propertyName());
+    auto* localPage = new QCheckBox(QApplication::activeWindow());
+    localPage->setChecked(localValue);
+    localPage->setText(tr("Output Value"));
+    valueDialog.setLocalPage(localPage);
 
     if (ioType == Script::DItem::IoInput) {
         emit boolManager->refreshData(path);
-        prepareLinking(node, m_linkPath, dialog, linkPanel);
+        valueDialog.offerLinks(node, m_linkPath);
     }
 
-    if (dialog.exec() != QDialog::Accepted)
+    // After a run that ends otherwise, this editor and the dialog's pages may be gone.
+    if (!valueDialog.exec())
         return;
 
-    if (frame.rbLocalValue->isChecked()) {
+    if (valueDialog.localChosen()) {
         // Accepting the same value on a linked node is how the user drops the link.
-        if (localPage.isChecked() != m_value || linked)
-            boolManager->setValue(m_property, localPage.isChecked());
-    } else if (frame.rbDynamicValue->isChecked()) {
-        boolManager->setLink(path, chosenLink(linkPanel));
+        if (localPage->isChecked() != m_value || linked)
+            boolManager->setValue(m_property, localPage->isChecked());
+    } else if (valueDialog.linkChosen()) {
+        boolManager->setLink(path, valueDialog.chosenLink());
     }
 }
 

@@ -1,21 +1,18 @@
 #include "editors/doubleeditor.h"
 
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetlocaladdon.h"
 #include "dialogs/widgetsetlocaldouble.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/scientificformatdoublespinbox.h"
+#include "editors/valuedialog.h"
 #include "property_model/doublepropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetlocaldouble.h"
-#include "ui_widgetsetnode.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
-#include <QTreeWidget>
 
 #include <cmath>
 #include <limits>
@@ -26,31 +23,6 @@ namespace Editors {
 namespace {
 
 const double kLargest = std::numeric_limits<double>::max();
-
-/// Offers the nodes that an input may be linked to and opens the dialog on its link page, with
-/// the present link, or else @p fallbackPath, preselected.
-void prepareLinking(const Script::DItem& node, const QString& fallbackPath, WidgetSetNode& dialog,
-                    WidgetSetDynamicGeneric& picker)
-{
-    const auto links = node.property("IData.AcceptableLinks").value<Script::DItemListPair>();
-    QString selectPath = node.linkedPath();
-    if (selectPath.isEmpty())
-        selectPath = fallbackPath;
-    picker.generateTree(links, selectPath);
-    const bool anyTarget = !links.first.isEmpty();
-    picker.ui->m_poTreeWidget->setEnabled(anyTarget);
-    dialog.ui->grpNodeValueType->show();
-    dialog.ui->rbDynamicValue->setChecked(true);
-    dialog.ui->rbDynamicValue->setEnabled(anyTarget);
-}
-
-/// The link the user chose in @p picker: the selected node's path, or "" to drop the link.
-QString chosenLink(const WidgetSetDynamicGeneric& picker)
-{
-    const QList<QTreeWidgetItem*> selected = picker.ui->m_poTreeWidget->selectedItems();
-    return selected.isEmpty() ? QStringLiteral("")
-                              : selected.first()->data(0, Qt::UserRole).toString();
-}
 
 } // namespace
 
@@ -181,21 +153,15 @@ void DoubleEditor::vButtonClicked()
     if (ioType > Script::DItem::IoOutput || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
         return;
 
-    WidgetSetNode dialog(this);
-    WidgetSetDynamicGeneric linkPanel(&dialog);
-    WidgetSetLocalDouble localPanel(QApplication::activeWindow());
-    Ui_WidgetSetNode& frame = *dialog.ui;
-    Ui_WidgetSetLocalDouble& panel = *localPanel.ui;
+    ValueDialog valueDialog(*this, *m_property);
+    auto* localPanel = new WidgetSetLocalDouble(QApplication::activeWindow());
+    Ui_WidgetSetLocalDouble& panel = *localPanel->ui;
 
     const bool ok = setupAndShowErrorLabel(*panel.m_ErrorLabel, node);
-    connect(&localPanel, &WidgetSetLocalDouble::validationStateChanged, &dialog,
+    connect(localPanel, &WidgetSetLocalDouble::validationStateChanged, &valueDialog.dialog(),
             &WidgetSetNode::onValidationResult, Qt::DirectConnection);
-    frame.grpNodeValueType->hide();
-    frame.pageLocal->layout()->addWidget(&localPanel);
-    frame.pageDynamic->layout()->addWidget(&linkPanel);
-    frame.rbLocalValue->setChecked(true);
+    valueDialog.setLocalPage(localPanel);
     const QString name = m_property->propertyName();
-    dialog.setWindowTitle(name);
 
     const QLocale locale = m_property->locale();
     const int decimals = doubleManager->decimals(m_property);
@@ -243,12 +209,13 @@ void DoubleEditor::vButtonClicked()
                                       *panel.m_poLblLinkedTo);
 
     if (ioType == Script::DItem::IoInput)
-        prepareLinking(node, m_linkPath, dialog, linkPanel);
+        valueDialog.offerLinks(node, m_linkPath);
 
-    if (dialog.exec() != QDialog::Accepted)
+    // After a run that ends otherwise, this editor and the dialog's pages may be gone.
+    if (!valueDialog.exec())
         return;
 
-    if (frame.rbLocalValue->isChecked()) {
+    if (valueDialog.localChosen()) {
         if (!m_limitsEditable) {
             const double value = panel.m_poValueText->value();
             // Accepting the same value on a linked node is how the user drops the link.
@@ -258,8 +225,8 @@ void DoubleEditor::vButtonClicked()
             doubleManager->setLimits(m_property, panel.m_poMinValueText->value(),
                                      panel.m_poMaxValueText->value());
         }
-    } else if (frame.rbDynamicValue->isChecked()) {
-        doubleManager->setLink(path, chosenLink(linkPanel));
+    } else if (valueDialog.linkChosen()) {
+        doubleManager->setLink(path, valueDialog.chosenLink());
     }
 }
 

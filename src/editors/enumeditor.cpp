@@ -1,13 +1,10 @@
 #include "editors/enumeditor.h"
 
-#include "dialogs/widgetsetdynamicgeneric.h"
-#include "dialogs/widgetsetnode.h"
+#include "editors/valuedialog.h"
 #include "property_model/enumpropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
-#include "ui_widgetsetnode.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -15,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QSignalBlocker>
-#include <QTreeWidget>
 
 namespace PropertyBrowser {
 namespace Editors {
@@ -24,31 +20,6 @@ namespace {
 
 // The choice is compared as the node holds it: exactly, case included.
 const Qt::MatchFlags kExactChoice = Qt::MatchExactly | Qt::MatchCaseSensitive;
-
-/// Offers the nodes that an input may be linked to and opens the dialog on its link page, with
-/// the present link, or else @p fallbackPath, preselected.
-void prepareLinking(const Script::DItem& node, const QString& fallbackPath, WidgetSetNode& dialog,
-                    WidgetSetDynamicGeneric& picker)
-{
-    const auto links = node.property("IData.AcceptableLinks").value<Script::DItemListPair>();
-    QString selectPath = node.linkedPath();
-    if (selectPath.isEmpty())
-        selectPath = fallbackPath;
-    picker.generateTree(links, selectPath);
-    const bool anyTarget = !links.first.isEmpty();
-    picker.ui->m_poTreeWidget->setEnabled(anyTarget);
-    dialog.ui->grpNodeValueType->show();
-    dialog.ui->rbDynamicValue->setChecked(true);
-    dialog.ui->rbDynamicValue->setEnabled(anyTarget);
-}
-
-/// The link the user chose in @p picker: the selected node's path, or "" to drop the link.
-QString chosenLink(const WidgetSetDynamicGeneric& picker)
-{
-    const QList<QTreeWidgetItem*> selected = picker.ui->m_poTreeWidget->selectedItems();
-    return selected.isEmpty() ? QStringLiteral("")
-                              : selected.first()->data(0, Qt::UserRole).toString();
-}
 
 } // namespace
 
@@ -155,34 +126,29 @@ void EnumEditor::vButtonClicked()
     if (ioType > Script::DItem::IoInput)
         return;
 
-    WidgetSetNode dialog(this);
-    WidgetSetDynamicGeneric linkPanel(&dialog);
+    ValueDialog valueDialog(*this, *m_property);
     // A choice needs no panel of its own: one combo box is the whole local page.
-    QComboBox localPage(QApplication::activeWindow());
-    fillChoices(localPage);
-    localPage.setCurrentIndex(localPage.findData(localChoice, Qt::UserRole, kExactChoice));
-    Ui_WidgetSetNode& frame = *dialog.ui;
-    frame.grpNodeValueType->hide();
-    frame.pageLocal->layout()->addWidget(&localPage);
-    frame.pageDynamic->layout()->addWidget(&linkPanel);
-    frame.rbLocalValue->setChecked(true);
-    dialog.setWindowTitle(m_property->propertyName());
+    auto* localPage = new QComboBox(QApplication::activeWindow());
+    fillChoices(*localPage);
+    localPage->setCurrentIndex(localPage->findData(localChoice, Qt::UserRole, kExactChoice));
+    valueDialog.setLocalPage(localPage);
 
     if (ioType == Script::DItem::IoInput) {
         emit enumManager->refreshData(path);
-        prepareLinking(node, m_linkPath, dialog, linkPanel);
+        valueDialog.offerLinks(node, m_linkPath);
     }
 
-    if (dialog.exec() != QDialog::Accepted)
+    // After a run that ends otherwise, this editor and the dialog's pages may be gone.
+    if (!valueDialog.exec())
         return;
 
-    if (frame.rbLocalValue->isChecked()) {
-        const QString choice = localPage.currentData(Qt::UserRole).toString();
+    if (valueDialog.localChosen()) {
+        const QString choice = localPage->currentData(Qt::UserRole).toString();
         // Accepting the same choice on a linked node is how the user drops the link.
         if (choice != localChoice || linked)
             enumManager->setValue(m_property, choice, QVariant());
-    } else if (frame.rbDynamicValue->isChecked()) {
-        enumManager->setLink(path, chosenLink(linkPanel));
+    } else if (valueDialog.linkChosen()) {
+        enumManager->setLink(path, valueDialog.chosenLink());
     }
 }
 

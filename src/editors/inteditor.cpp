@@ -3,22 +3,18 @@
 #include "controls/int64slider.h"
 #include "controls/int64validator.h"
 #include "controls/wslider.h"
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetlocaladdon.h"
 #include "dialogs/widgetsetlocalint.h"
 #include "dialogs/widgetsetnode.h"
+#include "editors/valuedialog.h"
 #include "property_model/intpropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetlocalint.h"
-#include "ui_widgetsetnode.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPointer>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -35,25 +31,6 @@ QLocale rowLocale(const WidgetProperty* row)
 {
     return row ? row->locale() : QLocale(QLocale::English, QLocale::UnitedStates);
 }
-
-// The dialog lives for one run of the button's slot. It is deleted through a guard rather than
-// held by value: the editor is its parent, and if the tree drops the editor while the dialog's
-// own event loop runs, the dialog goes with it and must not be deleted a second time.
-class DialogHolder
-{
-public:
-    explicit DialogHolder(WidgetSetNode* dialog)
-        : m_dialog(dialog)
-    { }
-    ~DialogHolder() { delete m_dialog.data(); }
-    DialogHolder(const DialogHolder&) = delete;
-    DialogHolder& operator=(const DialogHolder&) = delete;
-
-    WidgetSetNode* get() const { return m_dialog.data(); }
-
-private:
-    QPointer<WidgetSetNode> m_dialog;
-};
 
 } // namespace
 
@@ -224,23 +201,13 @@ void IntEditor::vButtonClicked()
         || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
         return;
 
-    DialogHolder holder(new WidgetSetNode(this));
-    WidgetSetNode* dialog = holder.get();
+    ValueDialog valueDialog(*this, *m_property);
     auto* panel = new WidgetSetLocalInt(QApplication::activeWindow());
-    auto* links = new WidgetSetDynamicGeneric(dialog);
-
-    const QString linkedPath = node.linkedPath();
     const bool ok = setupAndShowErrorLabel(*panel->ui->m_ErrorLabel, node);
-    connect(panel, &WidgetSetLocalInt::validationStateChanged, dialog,
+    connect(panel, &WidgetSetLocalInt::validationStateChanged, &valueDialog.dialog(),
             &WidgetSetNode::onValidationResult, Qt::DirectConnection);
-
-    Ui_WidgetSetNode& form = *dialog->ui;
-    form.grpNodeValueType->hide();
-    form.pageLocal->layout()->addWidget(panel);
-    form.pageDynamic->layout()->addWidget(links);
-    form.rbLocalValue->setChecked(true);
+    valueDialog.setLocalPage(panel);
     const QString name = m_property->propertyName();
-    dialog->setWindowTitle(name);
 
     Ui_WidgetSetLocalInt& fields = *panel->ui;
     fields.m_poSlider->setMinimum(minimum);
@@ -293,25 +260,14 @@ void IntEditor::vButtonClicked()
     WidgetSetLocalAddOn::showLinkedTo(node.property("IData.LinksToMe").toStringList(),
                                       *fields.m_poLblLinkedTo);
 
-    if (ioType == Script::DItem::IoInput) {
-        const Script::DItemListPair acceptable
-            = node.property("IData.AcceptableLinks").value<Script::DItemListPair>();
-        links->generateTree(acceptable, linkedPath.isEmpty() ? m_linkPath : linkedPath);
-        const bool linkable = !acceptable.first.isEmpty();
-        links->ui->m_poTreeWidget->setEnabled(linkable);
-        form.grpNodeValueType->show();
-        form.rbDynamicValue->setChecked(true);
-        form.rbDynamicValue->setEnabled(linkable);
-    }
+    if (ioType == Script::DItem::IoInput)
+        valueDialog.offerLinks(node, m_linkPath);
 
-    const QPointer<IntEditor> self(this);
-    const QPointer<WidgetProperty> row(m_property);
-    const int result = dialog->exec();
-    // The tree may have dropped the editor or the row while the dialog ran.
-    if (!self || !row || !holder.get() || result != QDialog::Accepted)
+    // After a run that ends otherwise, this editor and the dialog's pages may be gone.
+    if (!valueDialog.exec())
         return;
 
-    if (form.rbLocalValue->isChecked()) {
+    if (valueDialog.localChosen()) {
         if (!m_limitsEditable) {
             // The slider's range came from 32-bit limits, so its value fits.
             m_value = static_cast<int>(fields.m_poSlider->value());
@@ -328,12 +284,8 @@ void IntEditor::vButtonClicked()
             if (minimumOk && maximumOk)
                 manager->setLimits(m_property, newMinimum, newMaximum);
         }
-    } else if (form.rbDynamicValue->isChecked()) {
-        // No selection, after Reset or on an empty list, clears the link.
-        const QList<QTreeWidgetItem*> selected = links->ui->m_poTreeWidget->selectedItems();
-        manager->setLink(path,
-                         selected.isEmpty() ? QStringLiteral("")
-                                            : selected.first()->data(0, Qt::UserRole).toString());
+    } else if (valueDialog.linkChosen()) {
+        manager->setLink(path, valueDialog.chosenLink());
     }
 }
 

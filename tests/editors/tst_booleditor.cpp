@@ -95,10 +95,12 @@ DialogRun runDialog(const std::function<void()>& open,
         }
         watch.stop();
         run.shown = true;
+        // The steps may end the dialog's life themselves.
+        const QPointer<WidgetSetNode> guard(dialog);
         steps(*dialog);
-        if (dialog->isVisible()) {
+        if (guard && guard->isVisible()) {
             run.leftOpen = true;
-            dialog->reject();
+            guard->reject();
         }
     });
     watch.start(0);
@@ -150,6 +152,25 @@ void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
 {
     tree->expandAll();
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
+}
+
+/// Makes the open dialog hold something to send: another link target on the link page when
+/// @p linkPage holds, else the other truth value on the value page.
+void changeChoice(WidgetSetNode& dialog, bool linkPage)
+{
+    if (linkPage) {
+        QTreeWidget* tree = linkTree(dialog);
+        QVERIFY(tree);
+        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
+        QVERIFY(target);
+        clickItem(tree, target);
+        QVERIFY(target->isSelected());
+    } else {
+        QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+        QCheckBox* box = localCheckBox(dialog);
+        QVERIFY(box);
+        clickCheckBox(box);
+    }
 }
 
 /// One bool row with its node and its editor, inside a host that catches the keys the editor
@@ -259,6 +280,8 @@ private slots:
     void dialogResetClearsLink();
     void dialogCancelSendsNothing_data();
     void dialogCancelSendsNothing();
+    void editorDroppedWhileDialogRuns_data();
+    void editorDroppedWhileDialogRuns();
     void noDialogForOutput_data();
     void noDialogForOutput();
     void showLinkWidgetPreselects();
@@ -648,23 +671,40 @@ void TestBoolEditor::dialogCancelSendsNothing()
     f.link(QStringLiteral("Job.Camera.Ready"));
     f.showEditor();
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        if (linkPage) {
-            QTreeWidget* tree = linkTree(dialog);
-            QVERIFY(tree);
-            QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
-            QVERIFY(target);
-            clickItem(tree, target);
-            QVERIFY(target->isSelected());
-        } else {
-            QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-            QCheckBox* box = localCheckBox(dialog);
-            QVERIFY(box);
-            clickCheckBox(box);
-        }
+        changeChoice(dialog, linkPage);
         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
     });
     QVERIFY(run.shown);
     QVERIFY(!run.leftOpen);
+    letTimersFire(30);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestBoolEditor::editorDroppedWhileDialogRuns_data()
+{
+    QTest::addColumn<bool>("linkPage");
+    QTest::newRow("value changed") << false;
+    QTest::newRow("link picked") << true;
+}
+
+void TestBoolEditor::editorDroppedWhileDialogRuns()
+{
+    QFETCH(bool, linkPage);
+    Fixture f(Script::DItem::IoInput);
+    f.link(QStringLiteral("Job.Camera.Ready"));
+    f.showEditor();
+    QPointer<WidgetSetNode> seen;
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        seen = &dialog;
+        changeChoice(dialog, linkPage);
+        // The host clears the rows while the dialog runs: the tree drops the editor, and the
+        // dialog goes with it.
+        delete f.editor;
+        f.editor = nullptr;
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    QVERIFY(!seen);
     letTimersFire(30);
     QCOMPARE(f.edits->count(), 0);
 }

@@ -114,10 +114,12 @@ DialogRun runDialog(const std::function<void()>& open,
         }
         watch.stop();
         run.shown = true;
+        // The steps may end the dialog's life themselves.
+        const QPointer<WidgetSetNode> guard(dialog);
         steps(*dialog);
-        if (dialog->isVisible()) {
+        if (guard && guard->isVisible()) {
             run.leftOpen = true;
-            dialog->reject();
+            guard->reject();
         }
     });
     watch.start(0);
@@ -151,6 +153,25 @@ void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
 {
     tree->expandAll();
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
+}
+
+/// Makes the open dialog hold something to send: another link target on the link page when
+/// @p linkPage holds, else another value on the value page.
+void changeChoice(WidgetSetNode& dialog, bool linkPage)
+{
+    if (linkPage) {
+        QTreeWidget* tree = linkTree(dialog);
+        QVERIFY(tree);
+        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Filter.Level"));
+        QVERIFY(target);
+        clickItem(tree, target);
+        QVERIFY(target->isSelected());
+    } else {
+        QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+        WidgetSetLocalDouble* panel = localPanel(dialog);
+        QVERIFY(panel);
+        panel->ui->m_poValueText->setValue(9.0);
+    }
 }
 
 void retype(QAbstractSpinBox* field, const QString& text)
@@ -275,6 +296,8 @@ private slots:
     void dialogResetClearsLink();
     void dialogCancelSendsNothing_data();
     void dialogCancelSendsNothing();
+    void editorDroppedWhileDialogRuns_data();
+    void editorDroppedWhileDialogRuns();
     void noDialogWithoutEditableValue_data();
     void noDialogWithoutEditableValue();
     void showLinkWidgetPreselects_data();
@@ -835,23 +858,39 @@ void TestDoubleEditor::dialogCancelSendsNothing()
     f.link(QStringLiteral("Job.Camera.Out"));
     f.showEditor();
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        if (linkPage) {
-            QTreeWidget* tree = linkTree(dialog);
-            QVERIFY(tree);
-            QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Filter.Level"));
-            QVERIFY(target);
-            clickItem(tree, target);
-            QVERIFY(target->isSelected());
-        } else {
-            QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-            WidgetSetLocalDouble* panel = localPanel(dialog);
-            QVERIFY(panel);
-            panel->ui->m_poValueText->setValue(9.0);
-        }
+        changeChoice(dialog, linkPage);
         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
     });
     QVERIFY(run.shown);
     QVERIFY(!run.leftOpen);
+    QCOMPARE(f.edits->count(), 0);
+}
+
+void TestDoubleEditor::editorDroppedWhileDialogRuns_data()
+{
+    QTest::addColumn<bool>("linkPage");
+    QTest::newRow("value changed") << false;
+    QTest::newRow("link picked") << true;
+}
+
+void TestDoubleEditor::editorDroppedWhileDialogRuns()
+{
+    QFETCH(bool, linkPage);
+    Fixture f(Script::DItem::IoInput);
+    f.link(QStringLiteral("Job.Camera.Out"));
+    f.showEditor();
+    QPointer<WidgetSetNode> seen;
+    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+        seen = &dialog;
+        changeChoice(dialog, linkPage);
+        // The host clears the rows while the dialog runs: the tree drops the editor, and the
+        // dialog goes with it.
+        delete f.editor;
+        f.editor = nullptr;
+    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
+    QVERIFY(!seen);
     QCOMPARE(f.edits->count(), 0);
 }
 
