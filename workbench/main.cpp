@@ -77,6 +77,14 @@ int main(int argc, char* argv[])
         QStringLiteral("path"));
     const QCommandLineOption runOption(QStringLiteral("run"),
                                        QStringLiteral("Starts the job running."));
+    const QCommandLineOption editOption(
+        QStringLiteral("edit"),
+        QStringLiteral("Opens the editor of the value at <path> (its module is selected)."),
+        QStringLiteral("path"));
+    const QCommandLineOption dialogOption(
+        QStringLiteral("dialog"),
+        QStringLiteral("Opens the value dialog of the value at <path> (its module is selected)."),
+        QStringLiteral("path"));
     // The plug-in of the same build or installation by default; the environment or the command
     // line may name another. Qt itself takes "-plugin", hence the longer name.
     const QString defaultPlugin = qEnvironmentVariableIsSet("PROPERTYWIDGETS_PLUGIN")
@@ -87,8 +95,8 @@ int main(int argc, char* argv[])
         QStringLiteral("Loads the plug-in from <path> (default: $PROPERTYWIDGETS_PLUGIN, or the "
                        "library beside this program)."),
         QStringLiteral("path"), defaultPlugin);
-    parser.addOptions(
-        {jobOption, languageOption, screenshotOption, selectOption, runOption, pluginOption});
+    parser.addOptions({jobOption, languageOption, screenshotOption, selectOption, runOption,
+                       editOption, dialogOption, pluginOption});
     parser.process(application);
 
     prepareSettings();
@@ -106,7 +114,12 @@ int main(int argc, char* argv[])
     if (language != QLatin1String("en") && !window.bSetLanguage(language))
         return fail(QStringLiteral("no translation for \"%1\"").arg(language));
 
+    // A value to edit is shown among the values of its module.
+    const QString valuePath
+        = parser.isSet(dialogOption) ? parser.value(dialogOption) : parser.value(editOption);
     QString selection = parser.value(selectOption);
+    if (selection.isEmpty() && !valuePath.isEmpty())
+        selection = valuePath.section(QLatin1Char('.'), 0, -2);
     if (selection.isEmpty() && parser.isSet(screenshotOption)) {
         const QList<Script::DItem*> modules = window.model().poRoot()->childNodes();
         if (!modules.isEmpty())
@@ -118,11 +131,19 @@ int main(int argc, char* argv[])
         window.runner().setRunning(true);
 
     window.show();
+    if (!valuePath.isEmpty()) {
+        const bool dialog = parser.isSet(dialogOption);
+        // Once the window is up, as a click of the user would come.
+        QTimer::singleShot(0, &window, [&window, valuePath, dialog] {
+            if (!window.bOpenEditor(valuePath, dialog))
+                std::fprintf(stderr, "workbench: no editor for %s\n", qPrintable(valuePath));
+        });
+    }
     if (parser.isSet(screenshotOption)) {
         const QString file = parser.value(screenshotOption);
         // Qt Quick parts render on the next frames; half a second lets them settle.
         QTimer::singleShot(500, &window, [&window, file] {
-            const bool saved = window.grab().save(file);
+            const bool saved = window.picture().save(file);
             if (!saved)
                 std::fprintf(stderr, "workbench: cannot write %s\n", qPrintable(file));
             QApplication::exit(saved ? 0 : 1);

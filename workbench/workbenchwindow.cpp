@@ -6,7 +6,10 @@
 #include "requestlog.h"
 
 #include "navigator/widgettree.h"
+#include "editors/baseeditor.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/widgetproperty.h"
+#include "property_model/wtreepropertybrowser.h"
 #include "sdk/ditem.h"
 #include "sdk/filedialog.h"
 #include "sdk/filedialogprovider.h"
@@ -16,6 +19,8 @@
 #include "sdk/wmessagebox.h"
 
 #include <QActionGroup>
+#include <QDialog>
+#include <QPainter>
 #include <QApplication>
 #include <QDockWidget>
 #include <QEvent>
@@ -160,6 +165,35 @@ bool WorkbenchWindow::bSelectNode(const QString& path)
         return false;
     m_poHost->poTree()->setCurrentItem(item);
     return true;
+}
+
+bool WorkbenchWindow::bOpenEditor(const QString& path, bool dialog)
+{
+    PropertyBrowser::WTreePropertyBrowser* browser = m_poHost->poBrowser();
+    PropertyBrowser::WidgetProperty* row = browser ? browser->getWProperty(path) : nullptr;
+    QtBrowserItem* item = row ? browser->getBrowserItem(*row) : nullptr;
+    if (!item)
+        return false;
+    if (dialog) {
+        // The dock's own way to the dialog; it returns when the dialog closes.
+        m_poNavigator->showDefaultLinkWidget(path, QString());
+        return true;
+    }
+    browser->editItem(item);
+    return PropertyBrowser::WTreePropertyBrowser::propertyEditWidget != nullptr
+        || browser->findChild<PropertyBrowser::Editors::BaseEditor*>() != nullptr;
+}
+
+QImage WorkbenchWindow::picture()
+{
+    QImage image = grab().toImage();
+    // A modal dialog is a window of its own; it is drawn where it stands over this one.
+    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        QPainter painter(&image);
+        painter.drawPixmap(dialog->frameGeometry().topLeft() - frameGeometry().topLeft(),
+                           dialog->grab());
+    }
+    return image;
 }
 
 void WorkbenchWindow::vOpenJobFromDialog()

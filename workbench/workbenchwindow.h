@@ -6,6 +6,7 @@
 #include "sdk/projectmode.h"
 #include "sdk/visibilityinfo.h"
 
+#include <QImage>
 #include <QLibrary>
 #include <QList>
 #include <QMainWindow>
@@ -47,6 +48,11 @@ public:
     /// Selects the node at @p path in the job tree, which shows its values below; false when
     /// the job has no such node.
     bool bSelectNode(const QString& path);
+    /// Opens the in-row editor of the value at @p path, as a click on its row does, and with
+    /// @p dialog also its value dialog; false when no row or no editor is there.
+    bool bOpenEditor(const QString& path, bool dialog);
+    /// The window as it looks, with a dialog that is open over it.
+    QImage picture();
     /// Switches the texts of the window and of the plug-in to @p language ("en" or "de").
     bool bSetLanguage(const QString& language);
 
