@@ -19,6 +19,83 @@
     </message>
   </context>
   <context>
+    <name>PropertyBrowser::Editors::BoolEditor</name>
+    <message>
+      <location filename="../../editors/booleditor.cpp" line="127" />
+      <source>Output Value</source>
+      <translation>Ausgabewert</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Editors::DoubleEditor</name>
+    <message>
+      <location filename="../../editors/doubleeditor.cpp" line="181" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+    <message>
+      <location filename="../../editors/doubleeditor.cpp" line="182" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../editors/doubleeditor.cpp" line="183" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/doubleeditor.cpp" line="184" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Editors::Int64Editor</name>
+    <message>
+      <location filename="../../editors/int64editor.cpp" line="193" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/int64editor.cpp" line="194" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/int64editor.cpp" line="195" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../editors/int64editor.cpp" line="196" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+  </context>
+  <context>
+    <name>PropertyBrowser::Editors::IntEditor</name>
+    <message>
+      <location filename="../../editors/inteditor.cpp" line="224" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/inteditor.cpp" line="225" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/inteditor.cpp" line="226" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../editors/inteditor.cpp" line="227" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+  </context>
+  <context>
     <name>PropertyBrowser::Editors::WidgetSetDynamicGeneric</name>
     <message>
       <location filename="../../dialogs/widgetsetdynamicgeneric.cpp" line="84" />
@@ -104,7 +181,7 @@
       <translation>Jobbaum</translation>
     </message>
     <message>
-      <location filename="../../property_model/wtreepropertybrowser.cpp" line="504" />
+      <location filename="../../property_model/wtreepropertybrowser.cpp" line="507" />
       <source>This property cannot be changed in offline mode.</source>
       <translation>Diese Eigenschaft kann im Offline-Modus nicht geändert werden.</translation>
     </message>
