@@ -14,6 +14,8 @@
 #include "sdk/wappsettings.h"
 
 #include <QAbstractItemModel>
+#include "allocationcounter.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -21,55 +23,12 @@
 #include <QTreeView>
 
 #include <algorithm>
-#include <atomic>
 #include <cstddef>
 #include <malloc.h>
 #include <memory>
 #include <string>
 #include <vector>
 
-// Every heap block of the process is counted, Qt's own included, so that the figures show what
-// a row costs in allocations. The sanitizers bring allocators of their own; there nothing is
-// counted.
-#if !defined(__SANITIZE_ADDRESS__)
-namespace {
-std::atomic<long> gAllocations {0};
-} // namespace
-
-extern "C" {
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* block, std::size_t size);
-
-void* malloc(std::size_t size)
-{
-    gAllocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_malloc(size);
-}
-
-void* calloc(std::size_t count, std::size_t size)
-{
-    gAllocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_calloc(count, size);
-}
-
-void* realloc(void* block, std::size_t size)
-{
-    gAllocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_realloc(block, size);
-}
-}
-
-static long allocationCount()
-{
-    return gAllocations.load(std::memory_order_relaxed);
-}
-#else
-static long allocationCount()
-{
-    return -1;
-}
-#endif
 
 namespace {
 
