@@ -347,7 +347,7 @@ void TestStructure::rowsStayConsistent()
     QList<QtProperty*> expected;
     auto* view = m_poBrowser->findChild<QTreeView*>();
     // Long enough that the log of shifted rows overflows and is folded in many times.
-    for (int step = 0; step < 1200; ++step) {
+    for (int step = 0; step < 600; ++step) {
         const int choice = random.bounded(5);
         if (choice < 3 || expected.isEmpty()) {
             QtProperty* property = m_poManager->addProperty(QString::number(step));
