@@ -5,6 +5,7 @@
 #include "sdk/ditem.h"
 
 #include "../navigator/tabletranslator.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
 #include <QApplication>
@@ -20,12 +21,12 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using IoType = Script::DItem::IoType;
+using namespace EditorTestSupport;
 
 namespace {
 
@@ -79,20 +80,6 @@ public:
     QLabel* nestedHidden;
 };
 
-/// A parent that records the keys its children leave to it.
-class KeyCatcher : public QWidget
-{
-public:
-    int keys = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        ++keys;
-        event->accept();
-    }
-};
-
 } // namespace
 
 class TestBaseEditor : public QObject
@@ -140,8 +127,7 @@ private:
 
 void TestBaseEditor::initTestCase()
 {
-    TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    initEditorTestCase();
 }
 
 void TestBaseEditor::init()

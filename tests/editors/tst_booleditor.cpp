@@ -1,4 +1,3 @@
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/booleditor.h"
 #include "property_model/booleditorfactory.h"
@@ -7,16 +6,14 @@
 #include "property_model/wtreepropertybrowser.h"
 #include "qtbrowseritem.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsettings.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetnode.h"
 
 #include "../navigator/tabletranslator.h"
 #include "../propertybrowser/propertymetatype.h"
 #include "../property_model/managertestsupport.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPointer>
@@ -25,88 +22,24 @@
 #include <QStyleOptionButton>
 #include <QTest>
 #include <QTimer>
-#include <QTreeView>
 #include <QTreeWidget>
 
-#include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::BoolEditor;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::BoolPropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 using IoType = Script::DItem::IoType;
 using ManagerTest::verifyOnlyEdit;
+using namespace EditorTestSupport;
 
 namespace {
 
 const QString kPath = QStringLiteral("Job.Light.Strobe");
-
-/// Reads the type tag that an editor was made with; nothing in the library reads it back.
-struct EditorPeek : BaseEditor
-{
-    static EditorType typeOf(const BaseEditor& editor) { return editor.*(&EditorPeek::m_editorType); }
-};
-
-/// A parent that records the keys its children leave to it.
-class KeyCatcher : public QWidget
-{
-public:
-    int keys = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        ++keys;
-        event->accept();
-    }
-};
-
-/// What became of the value dialog that an action was to open.
-struct DialogRun
-{
-    /// A value dialog came up as the modal window.
-    bool shown = false;
-    /// The steps did not close it, so the run closed it with reject().
-    bool leftOpen = false;
-};
-
-/// Does @p open, which may bring up the value dialog, and runs @p steps on the dialog inside its
-/// event loop. Steps that fail, or forget to close the dialog, still end with it closed, so no
-/// test waits for a person.
-DialogRun runDialog(const std::function<void()>& open,
-                    const std::function<void(WidgetSetNode&)>& steps)
-{
-    DialogRun run;
-    QTimer watch;
-    int ticks = 0;
-    QObject::connect(&watch, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog) {
-            if (++ticks > 1000)
-                watch.stop();
-            return;
-        }
-        watch.stop();
-        run.shown = true;
-        // The steps may end the dialog's life themselves.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible()) {
-            run.leftOpen = true;
-            guard->reject();
-        }
-    });
-    watch.start(0);
-    open();
-    return run;
-}
 
 /// Lets the event loop run until every timer of @p ms or less that is running now has fired.
 void letTimersFire(int ms)
@@ -131,40 +64,12 @@ QCheckBox* localCheckBox(WidgetSetNode& dialog)
     return dialog.ui->pageLocal->findChild<QCheckBox*>();
 }
 
-QTreeWidget* linkTree(WidgetSetNode& dialog)
-{
-    auto* picker = dialog.ui->pageDynamic->findChild<WidgetSetDynamicGeneric*>();
-    return picker ? picker->ui->m_poTreeWidget : nullptr;
-}
-
-/// The leaf of the link tree that stands for the node at @p path, or null.
-QTreeWidgetItem* linkItem(QTreeWidget* tree, const QString& path)
-{
-    for (QTreeWidgetItem* item :
-         tree->findItems(path.section('.', -1), Qt::MatchExactly | Qt::MatchRecursive)) {
-        if (item->data(0, Qt::UserRole).toString() == path)
-            return item;
-    }
-    return nullptr;
-}
-
-void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    tree->expandAll();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
 /// Makes the open dialog hold something to send: another link target on the link page when
 /// @p linkPage holds, else the other truth value on the value page.
 void changeChoice(WidgetSetNode& dialog, bool linkPage)
 {
     if (linkPage) {
-        QTreeWidget* tree = linkTree(dialog);
-        QVERIFY(tree);
-        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
-        QVERIFY(target);
-        clickItem(tree, target);
-        QVERIFY(target->isSelected());
+        pickLinkTarget(dialog, QStringLiteral("Job.Trigger.Armed"));
     } else {
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
         QCheckBox* box = localCheckBox(dialog);
@@ -175,77 +80,19 @@ void changeChoice(WidgetSetNode& dialog, bool linkPage)
 
 /// One bool row with its node and its editor, inside a host that catches the keys the editor
 /// passes on.
-struct Fixture
+struct Fixture : RowFixture<BoolPropertyManager, BoolEditor>
 {
     explicit Fixture(IoType ioType)
-        : node(kPath, QStringLiteral("IDataBasicBool"), ioType)
-        , manager(new BoolPropertyManager)
-        , host(new KeyCatcher)
+        : RowFixture(kPath, QStringLiteral("IDataBasicBool"), ioType, new BoolPropertyManager)
     {
         node.setProperty("IDataBasicBool.DynamicValue", false);
         node.setProperty("IDataBasicBool.LocalValue", false);
         node.setProperty("IDataBasicBool.ActionReply", QStringLiteral("Off"));
         node.setProperty("iIsEditable", true);
-        for (const char* path : {"Job.Camera.Ready", "Job.Trigger.Armed"}) {
-            targets.push_back(std::make_unique<Script::DItem>(QLatin1String(path),
-                                                              QStringLiteral("IDataBasicBool"),
-                                                              Script::DItem::IoOutput));
-        }
-        QList<Script::DItem*> linkable;
-        for (const auto& target : targets)
-            linkable.append(target.get());
-        node.setProperty("IData.AcceptableLinks",
-                         QVariant::fromValue(Script::DItemListPair(linkable, linkable)));
-        row = dynamic_cast<WidgetProperty*>(manager->addProperty(QStringLiteral("Strobe")));
-        row->setData(node);
-        edits = std::make_unique<QSignalSpy>(manager.get(), &BoolPropertyManager::vPropertyEdited);
+        bind(QStringLiteral("Strobe"), {"Job.Camera.Ready", "Job.Trigger.Armed"});
     }
 
-    void link(const QString& path)
-    {
-        node.setLinked(true);
-        node.setLinkedPath(path);
-    }
-
-    BoolEditor* makeEditor()
-    {
-        editor = new BoolEditor(host.get(), row);
-        auto* layout = new QHBoxLayout(host.get());
-        layout->addWidget(editor);
-        return editor;
-    }
-
-    BoolEditor* showEditor()
-    {
-        makeEditor();
-        host->resize(300, 30);
-        host->show();
-        if (!QTest::qWaitForWindowActive(host.get()))
-            qWarning("the editor's window did not become active");
-        return editor;
-    }
-
-    QCheckBox* checkBox() const
-    {
-        return editor->findChild<QCheckBox*>(QString(), Qt::FindDirectChildrenOnly);
-    }
-    QPushButton* browseButton() const
-    {
-        return editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
-    }
-
-    DialogRun clickBrowse(const std::function<void(WidgetSetNode&)>& steps)
-    {
-        return runDialog([this] { QTest::mouseClick(browseButton(), Qt::LeftButton); }, steps);
-    }
-
-    Script::DItem node;
-    std::vector<std::unique_ptr<Script::DItem>> targets;
-    std::unique_ptr<BoolPropertyManager> manager;
-    std::unique_ptr<KeyCatcher> host;
-    WidgetProperty* row = nullptr;
-    BoolEditor* editor = nullptr;
-    std::unique_ptr<QSignalSpy> edits;
+    QCheckBox* checkBox() const { return directChild<QCheckBox>(editor); }
 };
 
 } // namespace
@@ -297,8 +144,7 @@ private:
 
 void TestBoolEditor::initTestCase()
 {
-    TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    initEditorTestCase();
     Script::DItem::vRegisterMetaTypes();
     qRegisterMetaType<Command>();
     qRegisterMetaType<QtProperty*>();
@@ -310,9 +156,7 @@ void TestBoolEditor::cleanup()
         QCoreApplication::removeTranslator(m_poTranslator.get());
         m_poTranslator.reset();
     }
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
+    verifyNothingLeftOpen();
 }
 
 // --- the row ------------------------------------------------------------------------------
@@ -499,7 +343,7 @@ void TestBoolEditor::linkClickReachesManager()
     f.makeEditor();
     QCOMPARE(f.editor->mode(), BaseEditor::ModeLinked);
     QSignalSpy clicks(f.manager.get(), &BoolPropertyManager::linkClicked);
-    auto* label = f.editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* label = directChild<QLabel>(f.editor);
     QVERIFY(label);
     emit label->linkActivated(QStringLiteral("Job.Camera.Ready"));
     QCOMPARE(clicks.count(), 1);
@@ -659,54 +503,28 @@ void TestBoolEditor::dialogResetClearsLink()
 
 void TestBoolEditor::dialogCancelSendsNothing_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("value changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("value changed");
 }
 
 void TestBoolEditor::dialogCancelSendsNothing()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Ready"));
-    f.showEditor();
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        changeChoice(dialog, linkPage);
-        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-    });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    letTimersFire(30);
-    QCOMPARE(f.edits->count(), 0);
+    verifyCancelSendsNothing<Fixture>(
+        QStringLiteral("Job.Camera.Ready"),
+        [&](WidgetSetNode& dialog) { changeChoice(dialog, linkPage); }, [] { letTimersFire(30); });
 }
 
 void TestBoolEditor::editorDroppedWhileDialogRuns_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("value changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("value changed");
 }
 
 void TestBoolEditor::editorDroppedWhileDialogRuns()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Ready"));
-    f.showEditor();
-    QPointer<WidgetSetNode> seen;
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        seen = &dialog;
-        changeChoice(dialog, linkPage);
-        // The host clears the rows while the dialog runs: the tree drops the editor, and the
-        // dialog goes with it.
-        delete f.editor;
-        f.editor = nullptr;
-    });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    QVERIFY(!seen);
-    letTimersFire(30);
-    QCOMPARE(f.edits->count(), 0);
+    verifyEditorDroppedWhileDialogRuns<Fixture>(
+        QStringLiteral("Job.Camera.Ready"),
+        [&](WidgetSetNode& dialog) { changeChoice(dialog, linkPage); }, [] { letTimersFire(30); });
 }
 
 void TestBoolEditor::noDialogForOutput_data()
@@ -792,41 +610,23 @@ void TestBoolEditor::factory()
 
 void TestBoolEditor::factoryRefusesOtherProperties()
 {
-    PropertyBrowser::EditorFactories::BoolEditorFactory factory;
-    QWidget parent;
-    QtBoolPropertyManager plainManager;
-    factory.addPropertyManager(&plainManager);
-    QtProperty* plain = plainManager.addProperty(QStringLiteral("Plain"));
-    QVERIFY(!factory.createEditor(plain, &parent));
-    BoolPropertyManager manager;
-    factory.addPropertyManager(&manager);
-    QtProperty* unbound = manager.addProperty(QStringLiteral("Unbound"));
-    QVERIFY(!factory.createEditor(unbound, &parent));
-    QVERIFY(parent.findChildren<QWidget*>().isEmpty());
-    Fixture f(Script::DItem::IoInput);
-    factory.addPropertyManager(f.manager.get());
-    std::unique_ptr<QWidget> made(factory.createEditor(f.row, &parent));
-    QVERIFY(qobject_cast<BoolEditor*>(made.get()));
+    verifyFactoryRefusesOtherProperties<PropertyBrowser::EditorFactories::BoolEditorFactory,
+                                        QtBoolPropertyManager, Fixture>();
 }
 
 void TestBoolEditor::toggledThroughBrowser()
 {
-    Settings::WAppSettings::instance()->removeSetting(QStringLiteral("PROPERTY_EDITOR"));
+    clearBrowserSettings();
     Script::DItem node(kPath, QStringLiteral("IDataBasicBool"), Script::DItem::IoNone);
-    node.setProperty("IData.Description", QStringLiteral("Strobe"));
-    node.setProperty("IData.IsGuiVisible", true);
-    node.setProperty("iIsEditable", true);
-    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
-    browser->resize(400, 300);
+    showInTree(node, QStringLiteral("Strobe"));
+    std::unique_ptr<WTreePropertyBrowser> browser(newBrowser());
     WidgetProperty* row = browser->createPropertyItem(node, true);
     QVERIFY(row);
     QSignalSpy edits(browser.get(), &WTreePropertyBrowser::propertyEdited);
     browser->show();
     QVERIFY(QTest::qWaitForWindowExposed(browser.get()));
 
-    browser->editItem(browser->topLevelItem(row));
-    auto* view = browser->findChild<QTreeView*>();
-    auto* editor = qobject_cast<BoolEditor*>(view->indexWidget(view->model()->index(0, 1)));
+    auto* editor = openEditorInTree<BoolEditor>(*browser, row);
     QVERIFY(editor);
     QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
     auto* box = editor->findChild<QCheckBox*>();

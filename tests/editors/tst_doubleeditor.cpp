@@ -1,4 +1,3 @@
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetlocaldouble.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/doubleeditor.h"
@@ -9,13 +8,12 @@
 #include "property_model/wtreepropertybrowser.h"
 #include "qtbrowseritem.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsettings.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetlocaldouble.h"
 #include "ui_widgetsetnode.h"
 
 #include "../propertybrowser/propertymetatype.h"
 #include "../property_model/managertestsupport.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
 #include <QApplication>
@@ -24,41 +22,30 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 #include <QTreeWidget>
 #include <QWheelEvent>
 
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <memory>
-#include <string>
-#include <vector>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::DoubleEditor;
 using PropertyBrowser::Editors::ScientificFormatDoubleSpinBox;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetLocalDouble;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::DoublePropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 using IoType = Script::DItem::IoType;
 using ManagerTest::verifyOnlyEdit;
+using namespace EditorTestSupport;
 
 namespace {
 
 const double kLargest = std::numeric_limits<double>::max();
 const QString kPath = QStringLiteral("Job.Blob.Threshold");
-
-/// Reads the type tag that an editor was made with; nothing in the library reads it back.
-struct EditorPeek : BaseEditor
-{
-    static EditorType typeOf(const BaseEditor& editor) { return editor.*(&EditorPeek::m_editorType); }
-};
 
 /// A manager that shows another number of decimals, for the change threshold.
 class DecimalsManager : public DoublePropertyManager
@@ -73,102 +60,15 @@ private:
     int m_iPlaces;
 };
 
-/// A parent that records the keys its children leave to it.
-class KeyCatcher : public QWidget
-{
-public:
-    int keys = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        ++keys;
-        event->accept();
-    }
-};
-
-/// What became of the value dialog that an action was to open.
-struct DialogRun
-{
-    /// A value dialog came up as the modal window.
-    bool shown = false;
-    /// The steps did not close it, so the run closed it with reject().
-    bool leftOpen = false;
-};
-
-/// Does @p open, which may bring up the value dialog, and runs @p steps on the dialog inside its
-/// event loop. Steps that fail, or forget to close the dialog, still end with it closed, so no
-/// test waits for a person.
-DialogRun runDialog(const std::function<void()>& open,
-                    const std::function<void(WidgetSetNode&)>& steps)
-{
-    DialogRun run;
-    QTimer watch;
-    int ticks = 0;
-    QObject::connect(&watch, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog) {
-            if (++ticks > 1000)
-                watch.stop();
-            return;
-        }
-        watch.stop();
-        run.shown = true;
-        // The steps may end the dialog's life themselves.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible()) {
-            run.leftOpen = true;
-            guard->reject();
-        }
-    });
-    watch.start(0);
-    open();
-    return run;
-}
-
-WidgetSetLocalDouble* localPanel(WidgetSetNode& dialog)
-{
-    return dialog.ui->pageLocal->findChild<WidgetSetLocalDouble*>();
-}
-
-QTreeWidget* linkTree(WidgetSetNode& dialog)
-{
-    auto* picker = dialog.ui->pageDynamic->findChild<WidgetSetDynamicGeneric*>();
-    return picker ? picker->ui->m_poTreeWidget : nullptr;
-}
-
-/// The leaf of the link tree that stands for the node at @p path, or null.
-QTreeWidgetItem* linkItem(QTreeWidget* tree, const QString& path)
-{
-    for (QTreeWidgetItem* item :
-         tree->findItems(path.section('.', -1), Qt::MatchExactly | Qt::MatchRecursive)) {
-        if (item->data(0, Qt::UserRole).toString() == path)
-            return item;
-    }
-    return nullptr;
-}
-
-void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    tree->expandAll();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
 /// Makes the open dialog hold something to send: another link target on the link page when
 /// @p linkPage holds, else another value on the value page.
 void changeChoice(WidgetSetNode& dialog, bool linkPage)
 {
     if (linkPage) {
-        QTreeWidget* tree = linkTree(dialog);
-        QVERIFY(tree);
-        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Filter.Level"));
-        QVERIFY(target);
-        clickItem(tree, target);
-        QVERIFY(target->isSelected());
+        pickLinkTarget(dialog, QStringLiteral("Job.Filter.Level"));
     } else {
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-        WidgetSetLocalDouble* panel = localPanel(dialog);
+        WidgetSetLocalDouble* panel = localPanel<WidgetSetLocalDouble>(dialog);
         QVERIFY(panel);
         panel->ui->m_poValueText->setValue(9.0);
     }
@@ -181,13 +81,12 @@ void retype(QAbstractSpinBox* field, const QString& text)
 }
 
 /// One double row with its node and its editor, inside a host that catches the keys the editor
-/// passes on.
-struct Fixture
+/// passes on; a manager that shows @p decimals places when they are given.
+struct Fixture : RowFixture<DoublePropertyManager, DoubleEditor>
 {
     explicit Fixture(IoType ioType, int decimals = -1)
-        : node(kPath, QStringLiteral("IDataBasicDouble"), ioType)
-        , manager(decimals < 0 ? new DoublePropertyManager : new DecimalsManager(decimals))
-        , host(new KeyCatcher)
+        : RowFixture(kPath, QStringLiteral("IDataBasicDouble"), ioType,
+                     decimals < 0 ? new DoublePropertyManager : new DecimalsManager(decimals))
     {
         node.setProperty("IDataNumeric.DynamicValue", 2.5);
         node.setProperty("IDataNumeric.LocalValue", 2.5);
@@ -195,67 +94,13 @@ struct Fixture
         node.setProperty("IDataNumeric.LocalMax", 10.0);
         node.setProperty("IDataNumeric.LocalStep", 0.5);
         node.setProperty("iIsEditable", true);
-        for (const char* path : {"Job.Camera.Out", "Job.Filter.Level"}) {
-            targets.push_back(std::make_unique<Script::DItem>(QLatin1String(path),
-                                                              QStringLiteral("IDataBasicDouble"),
-                                                              Script::DItem::IoOutput));
-        }
-        QList<Script::DItem*> linkable;
-        for (const auto& target : targets)
-            linkable.append(target.get());
-        node.setProperty("IData.AcceptableLinks",
-                         QVariant::fromValue(Script::DItemListPair(linkable, linkable)));
-        row = dynamic_cast<WidgetProperty*>(manager->addProperty(QStringLiteral("Threshold")));
-        row->setData(node);
-        edits = std::make_unique<QSignalSpy>(manager.get(), &DoublePropertyManager::vPropertyEdited);
-    }
-
-    void link(const QString& path)
-    {
-        node.setLinked(true);
-        node.setLinkedPath(path);
-    }
-
-    DoubleEditor* makeEditor()
-    {
-        editor = new DoubleEditor(host.get(), row);
-        auto* layout = new QHBoxLayout(host.get());
-        layout->addWidget(editor);
-        return editor;
-    }
-
-    DoubleEditor* showEditor()
-    {
-        makeEditor();
-        host->resize(300, 30);
-        host->show();
-        if (!QTest::qWaitForWindowActive(host.get()))
-            qWarning("the editor's window did not become active");
-        return editor;
+        bind(QStringLiteral("Threshold"), {"Job.Camera.Out", "Job.Filter.Level"});
     }
 
     ScientificFormatDoubleSpinBox* spinBox() const
     {
-        return editor->findChild<ScientificFormatDoubleSpinBox*>(QString(),
-                                                                 Qt::FindDirectChildrenOnly);
+        return directChild<ScientificFormatDoubleSpinBox>(editor);
     }
-    QPushButton* browseButton() const
-    {
-        return editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
-    }
-
-    DialogRun clickBrowse(const std::function<void(WidgetSetNode&)>& steps)
-    {
-        return runDialog([this] { QTest::mouseClick(browseButton(), Qt::LeftButton); }, steps);
-    }
-
-    Script::DItem node;
-    std::vector<std::unique_ptr<Script::DItem>> targets;
-    std::unique_ptr<DoublePropertyManager> manager;
-    std::unique_ptr<KeyCatcher> host;
-    WidgetProperty* row = nullptr;
-    DoubleEditor* editor = nullptr;
-    std::unique_ptr<QSignalSpy> edits;
 };
 
 } // namespace
@@ -312,8 +157,7 @@ private slots:
 
 void TestDoubleEditor::initTestCase()
 {
-    TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    initEditorTestCase();
     Script::DItem::vRegisterMetaTypes();
     qRegisterMetaType<Command>();
     qRegisterMetaType<QtProperty*>();
@@ -321,9 +165,7 @@ void TestDoubleEditor::initTestCase()
 
 void TestDoubleEditor::cleanup()
 {
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
+    verifyNothingLeftOpen();
 }
 
 // --- change threshold ---------------------------------------------------------------------
@@ -606,7 +448,7 @@ void TestDoubleEditor::linkClickReachesManager()
     f.makeEditor();
     QCOMPARE(f.editor->mode(), BaseEditor::ModeLinked);
     QSignalSpy clicks(f.manager.get(), &DoublePropertyManager::linkClicked);
-    auto* label = f.editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* label = directChild<QLabel>(f.editor);
     QVERIFY(label);
     emit label->linkActivated(QStringLiteral("Job.Camera.Out"));
     QCOMPARE(clicks.count(), 1);
@@ -657,7 +499,7 @@ void TestDoubleEditor::dialogShowsNode()
         QCOMPARE(dialog.ui->grpNodeValueType->isVisible(), input);
         QCOMPARE(dialog.ui->rbDynamicValue->isChecked(), input);
         QCOMPARE(dialog.ui->rbLocalValue->isChecked(), !input);
-        WidgetSetLocalDouble* panel = localPanel(dialog);
+        WidgetSetLocalDouble* panel = localPanel<WidgetSetLocalDouble>(dialog);
         QVERIFY(panel);
         const Ui_WidgetSetLocalDouble& ui = *panel->ui;
         const QLocale english(QLocale::English, QLocale::UnitedStates);
@@ -710,7 +552,7 @@ void TestDoubleEditor::dialogLocalValue()
     f.showEditor();
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
         QVERIFY(dialog.ui->grpNodeValueType->isHidden());
-        WidgetSetLocalDouble* panel = localPanel(dialog);
+        WidgetSetLocalDouble* panel = localPanel<WidgetSetLocalDouble>(dialog);
         QVERIFY(panel);
         retype(panel->ui->m_poValueText, QStringLiteral("6.5"));
         QCOMPARE(panel->ui->m_poValueText->value(), 6.5);
@@ -754,7 +596,7 @@ void TestDoubleEditor::dialogCommitRule()
         QVERIFY(dialog.ui->rbDynamicValue->isChecked());
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
         QVERIFY(dialog.ui->rbLocalValue->isChecked());
-        WidgetSetLocalDouble* panel = localPanel(dialog);
+        WidgetSetLocalDouble* panel = localPanel<WidgetSetLocalDouble>(dialog);
         QVERIFY(panel);
         panel->ui->m_poValueText->setValue(chosen);
         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
@@ -782,7 +624,7 @@ void TestDoubleEditor::dialogLimits()
     f.node.setProperty("iIsEditable", false);
     f.showEditor();
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        WidgetSetLocalDouble* panel = localPanel(dialog);
+        WidgetSetLocalDouble* panel = localPanel<WidgetSetLocalDouble>(dialog);
         QVERIFY(panel);
         QVERIFY(!panel->ui->m_poValueText->isEnabled());
         retype(panel->ui->m_poMinValueText, QStringLiteral("1.5"));
@@ -794,10 +636,7 @@ void TestDoubleEditor::dialogLimits()
     });
     QVERIFY(run.shown);
     QVERIFY(!run.leftOpen);
-    QMap<QString, QVariant> limits;
-    limits.insert(QStringLiteral("Min"), 1.5);
-    limits.insert(QStringLiteral("Max"), 8.0);
-    verifyOnlyEdit(*f.edits, kPath, Command::SetLimits, limits);
+    verifyOnlyEdit(*f.edits, kPath, Command::SetLimits, limits(1.5, 8.0));
     QCOMPARE(f.edits->at(0).at(2).toMap().value(QStringLiteral("Min")).userType(),
              int(QMetaType::Double));
 }
@@ -846,52 +685,28 @@ void TestDoubleEditor::dialogResetClearsLink()
 
 void TestDoubleEditor::dialogCancelSendsNothing_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("value changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("value changed");
 }
 
 void TestDoubleEditor::dialogCancelSendsNothing()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Out"));
-    f.showEditor();
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
+    verifyCancelSendsNothing<Fixture>(QStringLiteral("Job.Camera.Out"), [&](WidgetSetNode& dialog) {
         changeChoice(dialog, linkPage);
-        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
     });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    QCOMPARE(f.edits->count(), 0);
 }
 
 void TestDoubleEditor::editorDroppedWhileDialogRuns_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("value changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("value changed");
 }
 
 void TestDoubleEditor::editorDroppedWhileDialogRuns()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Out"));
-    f.showEditor();
-    QPointer<WidgetSetNode> seen;
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        seen = &dialog;
-        changeChoice(dialog, linkPage);
-        // The host clears the rows while the dialog runs: the tree drops the editor, and the
-        // dialog goes with it.
-        delete f.editor;
-        f.editor = nullptr;
-    });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    QVERIFY(!seen);
-    QCOMPARE(f.edits->count(), 0);
+    verifyEditorDroppedWhileDialogRuns<Fixture>(
+        QStringLiteral("Job.Camera.Out"),
+        [&](WidgetSetNode& dialog) { changeChoice(dialog, linkPage); });
 }
 
 void TestDoubleEditor::noDialogWithoutEditableValue_data()
@@ -997,38 +812,19 @@ void TestDoubleEditor::factory()
 
 void TestDoubleEditor::factoryRefusesOtherProperties()
 {
-    PropertyBrowser::EditorFactories::DoubleEditorFactory factory;
-    QWidget parent;
-    // A property of a plain manager is no row of the tree.
-    QtDoublePropertyManager plainManager;
-    factory.addPropertyManager(&plainManager);
-    QtProperty* plain = plainManager.addProperty(QStringLiteral("Plain"));
-    QVERIFY(!factory.createEditor(plain, &parent));
-    // A row that is bound to no node.
-    DoublePropertyManager manager;
-    factory.addPropertyManager(&manager);
-    QtProperty* unbound = manager.addProperty(QStringLiteral("Unbound"));
-    QVERIFY(!factory.createEditor(unbound, &parent));
-    QVERIFY(parent.findChildren<QWidget*>().isEmpty());
-    // The same factory gives a bound, editable row its editor.
-    Fixture f(Script::DItem::IoInput);
-    factory.addPropertyManager(f.manager.get());
-    std::unique_ptr<QWidget> made(factory.createEditor(f.row, &parent));
-    QVERIFY(qobject_cast<DoubleEditor*>(made.get()));
+    verifyFactoryRefusesOtherProperties<PropertyBrowser::EditorFactories::DoubleEditorFactory,
+                                        QtDoublePropertyManager, Fixture>();
 }
 
 void TestDoubleEditor::editedThroughBrowser()
 {
-    Settings::WAppSettings::instance()->removeSetting(QStringLiteral("PROPERTY_EDITOR"));
+    clearBrowserSettings();
     Script::DItem node(kPath, QStringLiteral("IDataBasicDouble"), Script::DItem::IoInput);
-    node.setProperty("IData.Description", QStringLiteral("Threshold"));
-    node.setProperty("IData.IsGuiVisible", true);
-    node.setProperty("iIsEditable", true);
+    showInTree(node, QStringLiteral("Threshold"));
     node.setProperty("IDataNumeric.DynamicValue", 2.5);
     node.setProperty("IDataNumeric.LocalValue", 2.5);
     node.setProperty("IDataNumeric.LocalMax", 10.0);
-    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
-    browser->resize(400, 300);
+    std::unique_ptr<WTreePropertyBrowser> browser(newBrowser());
     WidgetProperty* row = browser->createPropertyItem(node, true);
     QVERIFY(row);
     QSignalSpy edits(browser.get(), &WTreePropertyBrowser::propertyEdited);
@@ -1036,9 +832,7 @@ void TestDoubleEditor::editedThroughBrowser()
     browser->show();
     QVERIFY(QTest::qWaitForWindowExposed(browser.get()));
 
-    browser->editItem(browser->topLevelItem(row));
-    auto* view = browser->findChild<QTreeView*>();
-    auto* editor = qobject_cast<DoubleEditor*>(view->indexWidget(view->model()->index(0, 1)));
+    auto* editor = openEditorInTree<DoubleEditor>(*browser, row);
     QVERIFY(editor);
     QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
     QCOMPARE(editing.count(), 1);
@@ -1053,15 +847,12 @@ void TestDoubleEditor::editedThroughBrowser()
 
 void TestDoubleEditor::linkingWidgetThroughBrowser()
 {
-    Settings::WAppSettings::instance()->removeSetting(QStringLiteral("PROPERTY_EDITOR"));
+    clearBrowserSettings();
     Fixture links(Script::DItem::IoInput);
     Script::DItem node(kPath, QStringLiteral("IDataBasicDouble"), Script::DItem::IoInput);
-    node.setProperty("IData.Description", QStringLiteral("Threshold"));
-    node.setProperty("IData.IsGuiVisible", true);
-    node.setProperty("iIsEditable", true);
+    showInTree(node, QStringLiteral("Threshold"));
     node.setProperty("IData.AcceptableLinks", links.node.property("IData.AcceptableLinks"));
-    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
-    browser->resize(400, 300);
+    std::unique_ptr<WTreePropertyBrowser> browser(newBrowser());
     WidgetProperty* row = browser->createPropertyItem(node, true);
     QVERIFY(row);
     QSignalSpy edits(browser.get(), &WTreePropertyBrowser::propertyEdited);

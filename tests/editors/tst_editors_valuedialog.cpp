@@ -1,4 +1,3 @@
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/baseeditor.h"
 #include "editors/valuedialog.h"
@@ -6,9 +5,9 @@
 #include "property_model/widgetproperty.h"
 #include "property_model/wtreepropertybrowser.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetnode.h"
 
+#include "editortestsupport.h"
 #include "testsupport.h"
 
 #include <QLabel>
@@ -19,15 +18,14 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::ValueDialog;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::BoolPropertyManager;
+using namespace EditorTestSupport;
 
 namespace {
 
@@ -97,11 +95,6 @@ bool runWith(ValueDialog& valueDialog, const std::function<void(WidgetSetNode&)>
     return valueDialog.exec();
 }
 
-QTreeWidget* linkTree(WidgetSetNode& dialog)
-{
-    return dialog.findChild<WidgetSetDynamicGeneric*>()->ui->m_poTreeWidget;
-}
-
 } // namespace
 
 class TestEditorsValueDialog : public QObject
@@ -121,16 +114,13 @@ private slots:
 
 void TestEditorsValueDialog::initTestCase()
 {
-    TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    initEditorTestCase();
     Script::DItem::vRegisterMetaTypes();
 }
 
 void TestEditorsValueDialog::cleanup()
 {
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
+    verifyNothingLeftOpen();
 }
 
 void TestEditorsValueDialog::acceptedLinkIsTheSelectedPath()

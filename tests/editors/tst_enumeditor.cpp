@@ -1,4 +1,3 @@
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/enumeditor.h"
 #include "property_model/enumeditorfactory.h"
@@ -7,41 +6,34 @@
 #include "property_model/wtreepropertybrowser.h"
 #include "qtbrowseritem.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsettings.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetnode.h"
 
 #include "../navigator/tabletranslator.h"
 #include "../propertybrowser/propertymetatype.h"
 #include "../property_model/managertestsupport.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 #include <QTreeWidget>
 
-#include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::EnumEditor;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::EnumPropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 using IoType = Script::DItem::IoType;
 using ManagerTest::verifyOnlyEdit;
+using namespace EditorTestSupport;
 
 namespace {
 
@@ -50,26 +42,6 @@ const QStringList kChoices = {QStringLiteral("Fast"), QStringLiteral("Slow"),
                               QStringLiteral("Exact")};
 const QStringList kShown = {QStringLiteral("Schnell"), QStringLiteral("Langsam"),
                             QStringLiteral("Genau")};
-
-/// Reads the type tag that an editor was made with; nothing in the library reads it back.
-struct EditorPeek : BaseEditor
-{
-    static EditorType typeOf(const BaseEditor& editor) { return editor.*(&EditorPeek::m_editorType); }
-};
-
-/// A parent that records the keys its children leave to it.
-class KeyCatcher : public QWidget
-{
-public:
-    int keys = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        ++keys;
-        event->accept();
-    }
-};
 
 /// An editor whose dialog and commit are replaced, as a subclass with a dialog of its own does.
 class ReplacingEditor : public EnumEditor
@@ -89,46 +61,6 @@ public:
     QList<int> commits;
 };
 
-/// What became of the value dialog that an action was to open.
-struct DialogRun
-{
-    /// A value dialog came up as the modal window.
-    bool shown = false;
-    /// The steps did not close it, so the run closed it with reject().
-    bool leftOpen = false;
-};
-
-/// Does @p open, which may bring up the value dialog, and runs @p steps on the dialog inside its
-/// event loop. Steps that fail, or forget to close the dialog, still end with it closed, so no
-/// test waits for a person.
-DialogRun runDialog(const std::function<void()>& open,
-                    const std::function<void(WidgetSetNode&)>& steps)
-{
-    DialogRun run;
-    QTimer watch;
-    int ticks = 0;
-    QObject::connect(&watch, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog) {
-            if (++ticks > 1000)
-                watch.stop();
-            return;
-        }
-        watch.stop();
-        run.shown = true;
-        // The steps may end the dialog's life themselves.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible()) {
-            run.leftOpen = true;
-            guard->reject();
-        }
-    });
-    watch.start(0);
-    open();
-    return run;
-}
-
 /// Opens the editor's list with Space, as a person does.
 void openListWithSpace(EnumEditor* editor)
 {
@@ -143,40 +75,12 @@ QComboBox* localComboBox(WidgetSetNode& dialog)
     return dialog.ui->pageLocal->findChild<QComboBox*>();
 }
 
-QTreeWidget* linkTree(WidgetSetNode& dialog)
-{
-    auto* picker = dialog.ui->pageDynamic->findChild<WidgetSetDynamicGeneric*>();
-    return picker ? picker->ui->m_poTreeWidget : nullptr;
-}
-
-/// The leaf of the link tree that stands for the node at @p path, or null.
-QTreeWidgetItem* linkItem(QTreeWidget* tree, const QString& path)
-{
-    for (QTreeWidgetItem* item :
-         tree->findItems(path.section('.', -1), Qt::MatchExactly | Qt::MatchRecursive)) {
-        if (item->data(0, Qt::UserRole).toString() == path)
-            return item;
-    }
-    return nullptr;
-}
-
-void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    tree->expandAll();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
 /// Makes the open dialog hold something to send: another link target on the link page when
 /// @p linkPage holds, else another choice on the value page.
 void changeChoice(WidgetSetNode& dialog, bool linkPage)
 {
     if (linkPage) {
-        QTreeWidget* tree = linkTree(dialog);
-        QVERIFY(tree);
-        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Preset.Mode"));
-        QVERIFY(target);
-        clickItem(tree, target);
-        QVERIFY(target->isSelected());
+        pickLinkTarget(dialog, QStringLiteral("Job.Preset.Mode"));
     } else {
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
         QComboBox* box = localComboBox(dialog);
@@ -206,80 +110,19 @@ QStringList names(const QComboBox& box)
 
 /// One enum row with its node and its editor, inside a host that catches the keys the editor
 /// passes on.
-struct Fixture
+struct Fixture : RowFixture<EnumPropertyManager, EnumEditor>
 {
     explicit Fixture(IoType ioType)
-        : node(kPath, QStringLiteral("IDataBasicEnum"), ioType)
-        , manager(new EnumPropertyManager)
-        , host(new KeyCatcher)
+        : RowFixture(kPath, QStringLiteral("IDataBasicEnum"), ioType, new EnumPropertyManager)
     {
         node.setProperty("IDataBasicEnum.EnumList", kChoices);
         node.setProperty("IDataBasicEnum.DynamicStringnifiedValue", QStringLiteral("Slow"));
         node.setProperty("IDataBasicEnum.LocalStringnifiedValue", QStringLiteral("Slow"));
         node.setProperty("iIsEditable", true);
-        for (const char* path : {"Job.Camera.Mode", "Job.Preset.Mode"}) {
-            targets.push_back(std::make_unique<Script::DItem>(QLatin1String(path),
-                                                              QStringLiteral("IDataBasicEnum"),
-                                                              Script::DItem::IoOutput));
-        }
-        QList<Script::DItem*> linkable;
-        for (const auto& target : targets)
-            linkable.append(target.get());
-        node.setProperty("IData.AcceptableLinks",
-                         QVariant::fromValue(Script::DItemListPair(linkable, linkable)));
-        row = dynamic_cast<WidgetProperty*>(manager->addProperty(QStringLiteral("Mode")));
-        row->setData(node);
-        edits = std::make_unique<QSignalSpy>(manager.get(), &EnumPropertyManager::vPropertyEdited);
+        bind(QStringLiteral("Mode"), {"Job.Camera.Mode", "Job.Preset.Mode"});
     }
 
-    void link(const QString& path)
-    {
-        node.setLinked(true);
-        node.setLinkedPath(path);
-    }
-
-    template<class Editor = EnumEditor>
-    Editor* makeEditor()
-    {
-        auto* made = new Editor(host.get(), row);
-        editor = made;
-        auto* layout = new QHBoxLayout(host.get());
-        layout->addWidget(editor);
-        return made;
-    }
-
-    template<class Editor = EnumEditor>
-    Editor* showEditor()
-    {
-        Editor* made = makeEditor<Editor>();
-        host->resize(300, 30);
-        host->show();
-        if (!QTest::qWaitForWindowActive(host.get()))
-            qWarning("the editor's window did not become active");
-        return made;
-    }
-
-    QComboBox* comboBox() const
-    {
-        return editor->findChild<QComboBox*>(QString(), Qt::FindDirectChildrenOnly);
-    }
-    QPushButton* browseButton() const
-    {
-        return editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
-    }
-
-    DialogRun clickBrowse(const std::function<void(WidgetSetNode&)>& steps)
-    {
-        return runDialog([this] { QTest::mouseClick(browseButton(), Qt::LeftButton); }, steps);
-    }
-
-    Script::DItem node;
-    std::vector<std::unique_ptr<Script::DItem>> targets;
-    std::unique_ptr<EnumPropertyManager> manager;
-    std::unique_ptr<KeyCatcher> host;
-    WidgetProperty* row = nullptr;
-    EnumEditor* editor = nullptr;
-    std::unique_ptr<QSignalSpy> edits;
+    QComboBox* comboBox() const { return directChild<QComboBox>(editor); }
 };
 
 } // namespace
@@ -334,8 +177,7 @@ private:
 
 void TestEnumEditor::initTestCase()
 {
-    TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    initEditorTestCase();
     Script::DItem::vRegisterMetaTypes();
     qRegisterMetaType<Command>();
     qRegisterMetaType<QtProperty*>();
@@ -353,9 +195,7 @@ void TestEnumEditor::cleanup()
 {
     QCoreApplication::removeTranslator(m_poTranslator.get());
     m_poTranslator.reset();
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
+    verifyNothingLeftOpen();
 }
 
 // --- the row ------------------------------------------------------------------------------
@@ -592,7 +432,7 @@ void TestEnumEditor::linkClickReachesManager()
     f.makeEditor();
     QCOMPARE(f.editor->mode(), BaseEditor::ModeLinked);
     QSignalSpy clicks(f.manager.get(), &EnumPropertyManager::linkClicked);
-    auto* label = f.editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* label = directChild<QLabel>(f.editor);
     QVERIFY(label);
     emit label->linkActivated(QStringLiteral("Job.Camera.Mode"));
     QCOMPARE(clicks.count(), 1);
@@ -727,52 +567,28 @@ void TestEnumEditor::dialogResetClearsLink()
 
 void TestEnumEditor::dialogCancelSendsNothing_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("choice changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("choice changed");
 }
 
 void TestEnumEditor::dialogCancelSendsNothing()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Mode"));
-    f.showEditor();
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        changeChoice(dialog, linkPage);
-        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-    });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    QCOMPARE(f.edits->count(), 0);
+    verifyCancelSendsNothing<Fixture>(
+        QStringLiteral("Job.Camera.Mode"),
+        [&](WidgetSetNode& dialog) { changeChoice(dialog, linkPage); });
 }
 
 void TestEnumEditor::editorDroppedWhileDialogRuns_data()
 {
-    QTest::addColumn<bool>("linkPage");
-    QTest::newRow("choice changed") << false;
-    QTest::newRow("link picked") << true;
+    addChoiceRows("choice changed");
 }
 
 void TestEnumEditor::editorDroppedWhileDialogRuns()
 {
     QFETCH(bool, linkPage);
-    Fixture f(Script::DItem::IoInput);
-    f.link(QStringLiteral("Job.Camera.Mode"));
-    f.showEditor();
-    QPointer<WidgetSetNode> seen;
-    const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-        seen = &dialog;
-        changeChoice(dialog, linkPage);
-        // The host clears the rows while the dialog runs: the tree drops the editor, and the
-        // dialog goes with it.
-        delete f.editor;
-        f.editor = nullptr;
-    });
-    QVERIFY(run.shown);
-    QVERIFY(!run.leftOpen);
-    QVERIFY(!seen);
-    QCOMPARE(f.edits->count(), 0);
+    verifyEditorDroppedWhileDialogRuns<Fixture>(
+        QStringLiteral("Job.Camera.Mode"),
+        [&](WidgetSetNode& dialog) { changeChoice(dialog, linkPage); });
 }
 
 void TestEnumEditor::noDialogForOutput_data()
@@ -866,43 +682,25 @@ void TestEnumEditor::factory()
 
 void TestEnumEditor::factoryRefusesOtherProperties()
 {
-    PropertyBrowser::EditorFactories::EnumEditorFactory factory;
-    QWidget parent;
-    QtEnumPropertyManager plainManager;
-    factory.addPropertyManager(&plainManager);
-    QtProperty* plain = plainManager.addProperty(QStringLiteral("Plain"));
-    QVERIFY(!factory.createEditor(plain, &parent));
-    EnumPropertyManager manager;
-    factory.addPropertyManager(&manager);
-    QtProperty* unbound = manager.addProperty(QStringLiteral("Unbound"));
-    QVERIFY(!factory.createEditor(unbound, &parent));
-    QVERIFY(parent.findChildren<QWidget*>().isEmpty());
-    Fixture f(Script::DItem::IoInput);
-    factory.addPropertyManager(f.manager.get());
-    std::unique_ptr<QWidget> made(factory.createEditor(f.row, &parent));
-    QVERIFY(qobject_cast<EnumEditor*>(made.get()));
+    verifyFactoryRefusesOtherProperties<PropertyBrowser::EditorFactories::EnumEditorFactory,
+                                        QtEnumPropertyManager, Fixture>();
 }
 
 void TestEnumEditor::chosenThroughBrowser()
 {
-    Settings::WAppSettings::instance()->removeSetting(QStringLiteral("PROPERTY_EDITOR"));
+    clearBrowserSettings();
     Script::DItem node(kPath, QStringLiteral("IDataBasicEnum"), Script::DItem::IoNone);
-    node.setProperty("IData.Description", QStringLiteral("Mode"));
-    node.setProperty("IData.IsGuiVisible", true);
-    node.setProperty("iIsEditable", true);
+    showInTree(node, QStringLiteral("Mode"));
     node.setProperty("IDataBasicEnum.EnumList", kChoices);
     node.setProperty("IDataBasicEnum.DynamicStringnifiedValue", QStringLiteral("Fast"));
-    std::unique_ptr<WTreePropertyBrowser> browser(new WTreePropertyBrowser(nullptr));
-    browser->resize(400, 300);
+    std::unique_ptr<WTreePropertyBrowser> browser(newBrowser());
     WidgetProperty* row = browser->createPropertyItem(node, true);
     QVERIFY(row);
     QSignalSpy edits(browser.get(), &WTreePropertyBrowser::propertyEdited);
     browser->show();
     QVERIFY(QTest::qWaitForWindowExposed(browser.get()));
 
-    browser->editItem(browser->topLevelItem(row));
-    auto* view = browser->findChild<QTreeView*>();
-    auto* editor = qobject_cast<EnumEditor*>(view->indexWidget(view->model()->index(0, 1)));
+    auto* editor = openEditorInTree<EnumEditor>(*browser, row);
     QVERIFY(editor);
     QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
     auto* box = editor->findChild<QComboBox*>();

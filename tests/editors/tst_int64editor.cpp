@@ -1,7 +1,6 @@
 #include "controls/int64slider.h"
 #include "controls/int64validator.h"
 #include "controls/wslider.h"
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetlocalint.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/baseeditor.h"
@@ -13,47 +12,35 @@
 #include "sdk/command.h"
 #include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetlocalint.h"
 #include "ui_widgetsetnode.h"
 
 #include "../property_model/managertestsupport.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
-#include <QApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
-#include <QSpontaneKeyEvent>
-#include <QStyleOptionSlider>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 #include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
-#include <QVBoxLayout>
 
-#include <functional>
 #include <limits>
-#include <memory>
-#include <string>
-#include <vector>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::Int64Editor;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetLocalInt;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::Int64PropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 using IoType = Script::DItem::IoType;
 using ManagerTest::verifyOnlyEdit;
+using namespace EditorTestSupport;
 
 namespace {
 
@@ -63,14 +50,9 @@ const qlonglong kHighest = std::numeric_limits<qlonglong>::max();
 const qlonglong kWideMin = Q_INT64_C(4000000000);
 const qlonglong kWideMax = Q_INT64_C(8000000000);
 
-QLineEdit* lineEditOf(QWidget* editor)
-{
-    return editor->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
-}
-
 Int64Slider* sliderOf(QWidget* editor)
 {
-    return editor->findChild<Int64Slider*>(QString(), Qt::FindDirectChildrenOnly);
+    return directChild<Int64Slider>(editor);
 }
 
 // The toolkit slider inside the 64-bit one, which takes the mouse and the wheel.
@@ -80,121 +62,9 @@ WSlider* innerSliderOf(QWidget* editor)
     return slider ? slider->findChild<WSlider*>() : nullptr;
 }
 
-// The handle's rectangle as the slider's own style places it, built as QSlider builds its
-// style option.
-QRect handleRect(const QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.subControls = QStyle::SC_None;
-    option.activeSubControls = QStyle::SC_None;
-    option.orientation = slider->orientation();
-    option.maximum = slider->maximum();
-    option.minimum = slider->minimum();
-    option.tickPosition = slider->tickPosition();
-    option.tickInterval = slider->tickInterval();
-    option.upsideDown = slider->orientation() == Qt::Horizontal
-        ? slider->invertedAppearance() != (option.direction == Qt::RightToLeft)
-        : !slider->invertedAppearance();
-    option.direction = Qt::LeftToRight;
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    if (slider->orientation() == Qt::Horizontal)
-        option.state |= QStyle::State_Horizontal;
-    return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
-                                           slider);
-}
-
-// Sends a mouse event to @p widget as the window system would; QTest cannot move the mouse
-// with a button held.
-void sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
-               Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-}
-
-void sendWheel(QWidget* widget, int delta)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, delta),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-}
-
-void retype(QLineEdit* field, const QString& text)
-{
-    field->selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(field, Qt::Key_Backspace);
-    else
-        QTest::keyClicks(field, text);
-}
-
-// Runs @p open, which is to bring up the value dialog, and hands the dialog to @p steps as soon
-// as it is the active modal widget. Whatever the steps do, a dialog still open afterwards is
-// rejected, so that a failed step never leaves it waiting for a person. Returns whether a
-// dialog came up.
-bool runDialog(const std::function<void()>& open, const std::function<void(WidgetSetNode&)>& steps)
-{
-    bool seen = false;
-    QTimer poll;
-    poll.setInterval(1);
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll.stop();
-        seen = true;
-        // The steps may end the dialog's life themselves.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible())
-            guard->reject();
-    });
-    poll.start();
-    open();
-    poll.stop();
-    return seen;
-}
-
 WidgetSetLocalInt* panelOf(WidgetSetNode& dialog)
 {
-    return dialog.findChild<WidgetSetLocalInt*>();
-}
-
-QTreeWidget* treeOf(WidgetSetNode& dialog)
-{
-    auto* picker = dialog.findChild<WidgetSetDynamicGeneric*>();
-    return picker ? picker->ui->m_poTreeWidget : nullptr;
-}
-
-QTreeWidgetItem* leafOf(QTreeWidget* tree, const QString& path)
-{
-    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
-        if ((*it)->childCount() == 0 && (*it)->data(0, Qt::UserRole).toString() == path)
-            return *it;
-    }
-    return nullptr;
-}
-
-void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    tree->expandAll();
-    tree->scrollToItem(item);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
-QVariant limits(qlonglong minimum, qlonglong maximum)
-{
-    QMap<QString, QVariant> map;
-    map.insert(QStringLiteral("Min"), minimum);
-    map.insert(QStringLiteral("Max"), maximum);
-    return map;
+    return localPanel<WidgetSetLocalInt>(dialog);
 }
 
 QVariant number(qlonglong value)
@@ -202,11 +72,19 @@ QVariant number(qlonglong value)
     return QVariant(value);
 }
 
+// The nodes, rows, editor and browser of these tests.
+using Int64Rows = NumericRows<Int64PropertyManager, Int64Editor, qlonglong>;
+
 } // namespace
 
-class TestInt64Editor : public QObject
+class TestInt64Editor : public QObject, private Int64Rows
 {
     Q_OBJECT
+
+public:
+    TestInt64Editor()
+        : Int64Rows(QStringLiteral("IDataBasicInt64"))
+    { }
 
 private slots:
     void initTestCase();
@@ -255,94 +133,19 @@ private slots:
     void showLinkWidgetPreselects();
     void outputWithoutEditableLimitsHasNoDialog();
     void editorDroppedWhileDialogRuns();
-
-private:
-    Script::DItem* makeNode(const QString& path, IoType ioType, qlonglong value, qlonglong minimum,
-                            qlonglong maximum, qlonglong step);
-    WidgetProperty* makeRow(Script::DItem* node);
-    Int64Editor* makeEditor(Script::DItem* node);
-    void addLinkTargets(Script::DItem* node);
-    WTreePropertyBrowser* makeBrowser();
-
-    std::unique_ptr<Int64PropertyManager> m_poManager;
-    std::vector<std::unique_ptr<Script::DItem>> m_lNodes;
-    std::unique_ptr<Int64Editor> m_poEditor;
-    QPointer<WTreePropertyBrowser> m_poBrowser;
 };
 
 void TestInt64Editor::initTestCase()
 {
-    TestSupport::failOnWarnings();
+    initEditorTestCase();
     qRegisterMetaType<Command>();
-    // The tool tip of a row with equal limits is the host's state description.
-    WidgetProperty::m_ErrorDescription = [](int state) {
-        return "state " + std::to_string(state);
-    };
 }
 
 void TestInt64Editor::cleanup()
 {
-    m_poEditor.reset();
-    delete m_poBrowser;
-    m_poManager.reset();
-    m_lNodes.clear();
+    dropRows();
     Utils::DialogAutomation::clear();
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
-}
-
-Script::DItem* TestInt64Editor::makeNode(const QString& path, IoType ioType, qlonglong value,
-                                         qlonglong minimum, qlonglong maximum, qlonglong step)
-{
-    m_lNodes.push_back(
-        std::make_unique<Script::DItem>(path, QStringLiteral("IDataBasicInt64"), ioType));
-    Script::DItem* node = m_lNodes.back().get();
-    node->setProperty("IData.Description", path.section('.', -1));
-    node->setProperty("IData.IsGuiVisible", true);
-    node->setProperty("iIsEditable", true);
-    node->setProperty("IDataNumeric.LocalValue", value);
-    node->setProperty("IDataNumeric.DynamicValue", value);
-    node->setProperty("IDataNumeric.LocalMin", minimum);
-    node->setProperty("IDataNumeric.LocalMax", maximum);
-    node->setProperty("IDataNumeric.LocalStep", step);
-    return node;
-}
-
-WidgetProperty* TestInt64Editor::makeRow(Script::DItem* node)
-{
-    if (!m_poManager)
-        m_poManager = std::make_unique<Int64PropertyManager>();
-    auto* row = dynamic_cast<WidgetProperty*>(
-        m_poManager->addProperty(node->property("IData.Description").toString()));
-    if (row)
-        row->setData(*node);
-    return row;
-}
-
-Int64Editor* TestInt64Editor::makeEditor(Script::DItem* node)
-{
-    m_poEditor = std::make_unique<Int64Editor>(nullptr, makeRow(node));
-    return m_poEditor.get();
-}
-
-void TestInt64Editor::addLinkTargets(Script::DItem* node)
-{
-    QList<Script::DItem*> targets;
-    for (const char* path : {"Job.Camera.Out", "Job.Filter.Out", "Job.Filter.Level"}) {
-        m_lNodes.push_back(std::make_unique<Script::DItem>(QLatin1String(path),
-                                                           QStringLiteral("IDataBasicInt64")));
-        targets.append(m_lNodes.back().get());
-    }
-    node->setProperty("IData.AcceptableLinks",
-                      QVariant::fromValue(Script::DItemListPair(targets, {})));
-}
-
-WTreePropertyBrowser* TestInt64Editor::makeBrowser()
-{
-    m_poBrowser = new WTreePropertyBrowser(nullptr);
-    m_poBrowser->resize(400, 300);
-    return m_poBrowser;
+    verifyNothingLeftOpen();
 }
 
 // --- the row ------------------------------------------------------------------------------
@@ -350,43 +153,7 @@ WTreePropertyBrowser* TestInt64Editor::makeBrowser()
 void TestInt64Editor::constructionBuildsTheRow()
 {
     Int64Editor* editor = makeEditor(makeNode("Job.T.Count", Script::DItem::IoNone, 20, 0, 100, 5));
-    QCOMPARE(editor->objectName(), QStringLiteral("Int64PropertyEditor"));
-    QLineEdit* edit = lineEditOf(editor);
-    Int64Slider* slider = sliderOf(editor);
-    QVERIFY(edit);
-    QVERIFY(slider);
-    QCOMPARE(editor->focusProxy(), static_cast<QWidget*>(edit));
-
-    auto* row = qobject_cast<QHBoxLayout*>(editor->layout());
-    QVERIFY(row);
-    QCOMPARE(row->contentsMargins(), QMargins(4, 0, 0, 0));
-    QCOMPARE(row->spacing(), 0);
-    QCOMPARE(row->count(), 3);
-    QVERIFY(qobject_cast<QLabel*>(row->itemAt(0)->widget()));
-    QVERIFY(qobject_cast<QPushButton*>(row->itemAt(2)->widget()));
-    auto* value = qobject_cast<QVBoxLayout*>(row->itemAt(1)->layout());
-    QVERIFY(value);
-    QCOMPARE(value->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(value->spacing(), 0);
-    QCOMPARE(value->count(), 2);
-    QCOMPARE(value->itemAt(0)->widget(), static_cast<QWidget*>(edit));
-    QCOMPARE(value->itemAt(1)->widget(), static_cast<QWidget*>(slider));
-
-    QVERIFY(!edit->hasFrame());
-    QVERIFY(!edit->acceptDrops());
-    QVERIFY(edit->alignment() & Qt::AlignTop);
-    QCOMPARE(edit->locale(), QLocale(QLocale::English, QLocale::UnitedStates));
-    const auto* validator = qobject_cast<const Int64Validator*>(edit->validator());
-    QVERIFY(validator);
-    QCOMPARE(validator->locale(), QLocale(QLocale::English, QLocale::UnitedStates));
-
-    QCOMPARE(slider->orientation(), Qt::Horizontal);
-    QCOMPARE(slider->cursor().shape(), Qt::ArrowCursor);
-    QVERIFY(!slider->hasTracking());
-    QCOMPARE(slider->focusPolicy(), Qt::NoFocus);
-    QVERIFY(!slider->styleSheet().isEmpty());
-    QCOMPARE(slider->styleSheet(), BaseEditor::commonStylesheet());
-    QCOMPARE(editor->mode(), BaseEditor::ModeLocal);
+    verifyIntegerRowBuilt<Int64Slider>(editor, QStringLiteral("Int64PropertyEditor"));
 }
 
 void TestInt64Editor::readDataFillsTheRow_data()
@@ -455,7 +222,7 @@ void TestInt64Editor::readDataAppliesLinkState()
     QCOMPARE(sliderOf(editor)->isEnabled(), sliderEnabled);
     QCOMPARE(lineEditOf(editor)->isReadOnly(), readOnly);
     // Every read that gets this far enables the browse button.
-    auto* browse = editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* browse = directChild<QPushButton>(editor);
     browse->setEnabled(false);
     editor->readData();
     QVERIFY(browse->isEnabled());
@@ -481,7 +248,7 @@ void TestInt64Editor::readDataLeavesOutputsAlone()
     QCOMPARE(slider->value(), plain.value());
     QVERIFY(edit->text().isEmpty());
     // Not even the browse button is touched.
-    auto* browse = editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* browse = directChild<QPushButton>(editor);
     browse->setEnabled(false);
     editor->readData();
     QVERIFY(!browse->isEnabled());
@@ -717,7 +484,7 @@ void TestInt64Editor::linkAnchorReachesManager()
     node->setLinkedPath(QStringLiteral("Job.Camera.Out"));
     Int64Editor* editor = makeEditor(node);
     QSignalSpy clicked(m_poManager.get(), &Int64PropertyManager::linkClicked);
-    auto* label = editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* label = directChild<QLabel>(editor);
     QVERIFY(label);
     emit label->linkActivated(QStringLiteral("Job.Camera.Out"));
     QCOMPARE(clicked.count(), 1);
@@ -804,10 +571,7 @@ void TestInt64Editor::editThroughTheTree()
     QVERIFY(QTest::qWaitForWindowExposed(m_poBrowser));
     QSignalSpy edited(m_poBrowser, &WTreePropertyBrowser::propertyEdited);
 
-    m_poBrowser->editItem(m_poBrowser->topLevelItem(row));
-    auto* view = m_poBrowser->findChild<QTreeView*>();
-    QPointer<Int64Editor> editor
-        = qobject_cast<Int64Editor*>(view->indexWidget(view->model()->index(0, 1)));
+    QPointer<Int64Editor> editor = openEditorInTree<Int64Editor>(*m_poBrowser, row);
     QVERIFY(editor);
     QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
 
@@ -833,7 +597,7 @@ void TestInt64Editor::dialogFillsThePanel()
     QVERIFY(QTest::qWaitForWindowExposed(editor));
     QSignalSpy refresh(m_poManager.get(), &Int64PropertyManager::refreshData);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    auto* browse = editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* browse = directChild<QPushButton>(editor);
     bool checked = false;
     const bool shown
         = runDialog([&] { QTest::mouseClick(browse, Qt::LeftButton); },
@@ -875,7 +639,8 @@ void TestInt64Editor::dialogFillsThePanel()
                         QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Count"));
                         checked = true;
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QVERIFY(checked);
     QCOMPARE(edits.count(), 0);
@@ -894,7 +659,8 @@ void TestInt64Editor::dialogLocalValue()
                                      QCOMPARE(panel->ui->m_poSlider->value(), 7300000000L);
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetValue, number(Q_INT64_C(7300000000)));
     QCOMPARE(sliderOf(editor)->value(), 7300000000L);
@@ -936,7 +702,8 @@ void TestInt64Editor::dialogUnchangedValueSendsNothing()
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
                                      accepted = dialog.result() == QDialog::Accepted;
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     QVERIFY(accepted);
     QCOMPARE(shownValue, 40L);
@@ -977,7 +744,8 @@ void TestInt64Editor::dialogLimits()
                                      retype(ui.m_poMaxValueText, QStringLiteral("9000000000"));
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Area", Command::SetLimits,
                    limits(-Q_INT64_C(5000000000), Q_INT64_C(9000000000)));
@@ -997,7 +765,8 @@ void TestInt64Editor::dialogUnreadableLimitSendsNothing()
                                      QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
                                      accepted = dialog.result() == QDialog::Accepted;
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
@@ -1013,15 +782,16 @@ void TestInt64Editor::dialogLinkPicked()
                                  [&](WidgetSetNode& dialog) {
                                      QVERIFY(dialog.ui->grpNodeValueType->isVisible());
                                      QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                     QTreeWidget* tree = treeOf(dialog);
+                                     QTreeWidget* tree = linkTree(dialog);
                                      QVERIFY(tree->selectedItems().isEmpty());
                                      QTreeWidgetItem* target
-                                         = leafOf(tree, QStringLiteral("Job.Camera.Out"));
+                                         = linkItem(tree, QStringLiteral("Job.Camera.Out"));
                                      QVERIFY(target);
                                      clickItem(tree, target);
                                      QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink,
                    QVariant(QStringLiteral("Job.Camera.Out")));
@@ -1038,13 +808,14 @@ void TestInt64Editor::dialogLinkClearedByReset()
     const bool shown
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
-                        QTreeWidget* tree = treeOf(dialog);
+                        QTreeWidget* tree = linkTree(dialog);
                         QCOMPARE(tree->selectedItems().size(), 1);
                         QCOMPARE(tree->selectedItems().first()->data(0, Qt::UserRole).toString(),
                                  QStringLiteral("Job.Filter.Level"));
                         QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1055,18 +826,20 @@ void TestInt64Editor::dialogLinkPageWithNothingSelected()
     addLinkTargets(node);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown = runDialog(
-        [&] { editor->vButtonClicked(); },
-        [&](WidgetSetNode& dialog) {
-            QTreeWidget* tree = treeOf(dialog);
-            clickItem(tree, leafOf(tree, QStringLiteral("Job.Filter.Out")));
-            QCOMPARE(tree->selectedItems().size(), 1);
-            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                              tree->visualItemRect(tree->selectedItems().first()).center());
-            QVERIFY(tree->selectedItems().isEmpty());
-            QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-        });
+    const bool shown
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        QTreeWidget* tree = linkTree(dialog);
+                        clickItem(tree, linkItem(tree, QStringLiteral("Job.Filter.Out")));
+                        QCOMPARE(tree->selectedItems().size(), 1);
+                        QTest::mouseClick(
+                            tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                            tree->visualItemRect(tree->selectedItems().first()).center());
+                        QVERIFY(tree->selectedItems().isEmpty());
+                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1081,10 +854,11 @@ void TestInt64Editor::dialogEmptyLinkListTakesLinkBranch()
                                  [&](WidgetSetNode& dialog) {
                                      QVERIFY(dialog.ui->rbDynamicValue->isChecked());
                                      QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
-                                     QVERIFY(!treeOf(dialog)->isEnabled());
+                                     QVERIFY(!linkTree(dialog)->isEnabled());
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1113,8 +887,8 @@ void TestInt64Editor::dialogCancelSendsNothing()
                     [&](WidgetSetNode& dialog) {
                         const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
                         if (ioType == 1) {
-                            QTreeWidget* tree = treeOf(dialog);
-                            clickItem(tree, leafOf(tree, QStringLiteral("Job.Camera.Out")));
+                            QTreeWidget* tree = linkTree(dialog);
+                            clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
                             QCOMPARE(tree->selectedItems().size(), 1);
                         } else if (limitsEditable) {
                             retype(ui.m_poMaxValueText, QStringLiteral("500"));
@@ -1123,7 +897,8 @@ void TestInt64Editor::dialogCancelSendsNothing()
                         }
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
                         result = dialog.result();
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QCOMPARE(result, int(QDialog::Rejected));
     QCOMPARE(edits.count(), 0);
@@ -1140,12 +915,13 @@ void TestInt64Editor::showLinkWidgetPreselects()
     const bool shown
         = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Filter.Level")); },
                     [&](WidgetSetNode& dialog) {
-                        const QList<QTreeWidgetItem*> items = treeOf(dialog)->selectedItems();
+                        const QList<QTreeWidgetItem*> items = linkTree(dialog)->selectedItems();
                         QCOMPARE(items.size(), 1);
                         selected = items.first()->data(0, Qt::UserRole).toString();
                         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QCOMPARE(selected, QStringLiteral("Job.Filter.Level"));
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink,
@@ -1157,15 +933,16 @@ void TestInt64Editor::outputWithoutEditableLimitsHasNoDialog()
     Script::DItem* node = makeNode("Job.T.Area", Script::DItem::IoOutput, 40, 0, 100, 1);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy refresh(m_poManager.get(), &Int64PropertyManager::refreshData);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {});
+    const bool shown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {}).shown;
     QVERIFY(!shown);
     QCOMPARE(refresh.count(), 0);
     node->setIoType(static_cast<IoType>(3));
-    const bool unknown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {});
+    const bool unknown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {}).shown;
     QVERIFY(!unknown);
     node->setIoType(Script::DItem::IoNone);
     const bool setting = runDialog([&] { editor->vButtonClicked(); },
-                                   [](WidgetSetNode& dialog) { dialog.reject(); });
+                                   [](WidgetSetNode& dialog) { dialog.reject(); })
+                             .shown;
     QVERIFY(setting);
 }
 
@@ -1175,12 +952,13 @@ void TestInt64Editor::editorDroppedWhileDialogRuns()
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     QPointer<WidgetSetNode> seen;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     seen = &dialog;
-                                     retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
-                                     m_poEditor.reset();
-                                 });
+    const bool shown
+        = runDroppingEditor([&] { editor->vButtonClicked(); },
+                            [](WidgetSetNode& dialog) {
+                                retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
+                            },
+                            [&] { m_poEditor.reset(); }, seen)
+              .shown;
     QVERIFY(shown);
     QVERIFY(!seen);
     QCOMPARE(edits.count(), 0);

@@ -1,7 +1,6 @@
 #include "controls/int64slider.h"
 #include "controls/int64validator.h"
 #include "controls/wslider.h"
-#include "dialogs/widgetsetdynamicgeneric.h"
 #include "dialogs/widgetsetlocalint.h"
 #include "dialogs/widgetsetnode.h"
 #include "editors/baseeditor.h"
@@ -13,185 +12,64 @@
 #include "sdk/command.h"
 #include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
-#include "ui_widgetsetdynamicgeneric.h"
 #include "ui_widgetsetlocalint.h"
 #include "ui_widgetsetnode.h"
 
 #include "../property_model/managertestsupport.h"
+#include "editortestsupport.h"
 #include "testsupport.h"
 
-#include <QApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
-#include <QSpontaneKeyEvent>
-#include <QStyleOptionSlider>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 #include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
-#include <QVBoxLayout>
 
-#include <functional>
 #include <limits>
-#include <memory>
-#include <string>
-#include <vector>
 
 using PropertyBrowser::WidgetProperty;
 using PropertyBrowser::WTreePropertyBrowser;
 using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::IntEditor;
-using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetLocalInt;
 using PropertyBrowser::Editors::WidgetSetNode;
 using PropertyBrowser::Managers::IntPropertyManager;
 using Command = VardeenDefs::PropertyEditor::Command;
 using IoType = Script::DItem::IoType;
 using ManagerTest::verifyOnlyEdit;
+using namespace EditorTestSupport;
 
 namespace {
 
 const int kLowest = std::numeric_limits<int>::min();
 const int kHighest = std::numeric_limits<int>::max();
 
-QLineEdit* lineEditOf(QWidget* editor)
-{
-    return editor->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
-}
-
 WSlider* sliderOf(QWidget* editor)
 {
-    return editor->findChild<WSlider*>(QString(), Qt::FindDirectChildrenOnly);
-}
-
-// The handle's rectangle as the slider's own style places it, built as QSlider builds its
-// style option.
-QRect handleRect(const QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.subControls = QStyle::SC_None;
-    option.activeSubControls = QStyle::SC_None;
-    option.orientation = slider->orientation();
-    option.maximum = slider->maximum();
-    option.minimum = slider->minimum();
-    option.tickPosition = slider->tickPosition();
-    option.tickInterval = slider->tickInterval();
-    option.upsideDown = slider->orientation() == Qt::Horizontal
-        ? slider->invertedAppearance() != (option.direction == Qt::RightToLeft)
-        : !slider->invertedAppearance();
-    option.direction = Qt::LeftToRight;
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    if (slider->orientation() == Qt::Horizontal)
-        option.state |= QStyle::State_Horizontal;
-    return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
-                                           slider);
-}
-
-// Sends a mouse event to @p widget as the window system would; QTest cannot move the mouse
-// with a button held.
-void sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
-               Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-}
-
-void sendWheel(QWidget* widget, int delta)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, delta),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-}
-
-void retype(QLineEdit* field, const QString& text)
-{
-    field->selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(field, Qt::Key_Backspace);
-    else
-        QTest::keyClicks(field, text);
-}
-
-// Runs @p open, which is to bring up the value dialog, and hands the dialog to @p steps as soon
-// as it is the active modal widget. Whatever the steps do, a dialog still open afterwards is
-// rejected, so that a failed step never leaves it waiting for a person. Returns whether a
-// dialog came up.
-bool runDialog(const std::function<void()>& open, const std::function<void(WidgetSetNode&)>& steps)
-{
-    bool seen = false;
-    QTimer poll;
-    poll.setInterval(1);
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll.stop();
-        seen = true;
-        // The steps may end the dialog's life themselves.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible())
-            guard->reject();
-    });
-    poll.start();
-    open();
-    poll.stop();
-    return seen;
+    return directChild<WSlider>(editor);
 }
 
 WidgetSetLocalInt* panelOf(WidgetSetNode& dialog)
 {
-    return dialog.findChild<WidgetSetLocalInt*>();
+    return localPanel<WidgetSetLocalInt>(dialog);
 }
 
-QTreeWidget* treeOf(WidgetSetNode& dialog)
-{
-    auto* picker = dialog.findChild<WidgetSetDynamicGeneric*>();
-    return picker ? picker->ui->m_poTreeWidget : nullptr;
-}
-
-QTreeWidgetItem* leafOf(QTreeWidget* tree, const QString& path)
-{
-    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
-        if ((*it)->childCount() == 0 && (*it)->data(0, Qt::UserRole).toString() == path)
-            return *it;
-    }
-    return nullptr;
-}
-
-void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    tree->expandAll();
-    tree->scrollToItem(item);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
-QVariant limits(int minimum, int maximum)
-{
-    QMap<QString, QVariant> map;
-    map.insert(QStringLiteral("Min"), minimum);
-    map.insert(QStringLiteral("Max"), maximum);
-    return map;
-}
+// The nodes, rows, editor and browser of these tests.
+using IntRows = NumericRows<IntPropertyManager, IntEditor, int>;
 
 } // namespace
 
-class TestIntEditor : public QObject
+class TestIntEditor : public QObject, private IntRows
 {
     Q_OBJECT
+
+public:
+    TestIntEditor()
+        : IntRows(QStringLiteral("IDataBasicInt"))
+    { }
 
 private slots:
     void initTestCase();
@@ -245,102 +123,19 @@ private slots:
     void showLinkWidgetPreselects();
     void outputWithoutEditableLimitsHasNoDialog();
     void editorDroppedWhileDialogRuns();
-
-private:
-    Script::DItem* makeNode(const QString& path, IoType ioType, int value, int minimum, int maximum,
-                            int step);
-    WidgetProperty* makeRow(Script::DItem* node);
-    IntEditor* makeEditor(Script::DItem* node);
-    void addLinkTargets(Script::DItem* node, bool asVariantList = false);
-    WTreePropertyBrowser* makeBrowser();
-
-    std::unique_ptr<IntPropertyManager> m_poManager;
-    std::vector<std::unique_ptr<Script::DItem>> m_lNodes;
-    std::unique_ptr<IntEditor> m_poEditor;
-    QPointer<WTreePropertyBrowser> m_poBrowser;
 };
 
 void TestIntEditor::initTestCase()
 {
-    TestSupport::failOnWarnings();
+    initEditorTestCase();
     qRegisterMetaType<Command>();
-    // The tool tip of a row with equal limits is the host's state description.
-    WidgetProperty::m_ErrorDescription = [](int state) {
-        return "state " + std::to_string(state);
-    };
 }
 
 void TestIntEditor::cleanup()
 {
-    m_poEditor.reset();
-    delete m_poBrowser;
-    m_poManager.reset();
-    m_lNodes.clear();
+    dropRows();
     Utils::DialogAutomation::clear();
-    QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
-                 qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
-}
-
-Script::DItem* TestIntEditor::makeNode(const QString& path, IoType ioType, int value, int minimum,
-                                       int maximum, int step)
-{
-    m_lNodes.push_back(
-        std::make_unique<Script::DItem>(path, QStringLiteral("IDataBasicInt"), ioType));
-    Script::DItem* node = m_lNodes.back().get();
-    node->setProperty("IData.Description", path.section('.', -1));
-    node->setProperty("IData.IsGuiVisible", true);
-    node->setProperty("iIsEditable", true);
-    node->setProperty("IDataNumeric.LocalValue", value);
-    node->setProperty("IDataNumeric.DynamicValue", value);
-    node->setProperty("IDataNumeric.LocalMin", minimum);
-    node->setProperty("IDataNumeric.LocalMax", maximum);
-    node->setProperty("IDataNumeric.LocalStep", step);
-    return node;
-}
-
-WidgetProperty* TestIntEditor::makeRow(Script::DItem* node)
-{
-    if (!m_poManager)
-        m_poManager = std::make_unique<IntPropertyManager>();
-    auto* row = dynamic_cast<WidgetProperty*>(
-        m_poManager->addProperty(node->property("IData.Description").toString()));
-    if (row)
-        row->setData(*node);
-    return row;
-}
-
-IntEditor* TestIntEditor::makeEditor(Script::DItem* node)
-{
-    m_poEditor = std::make_unique<IntEditor>(nullptr, makeRow(node));
-    return m_poEditor.get();
-}
-
-void TestIntEditor::addLinkTargets(Script::DItem* node, bool asVariantList)
-{
-    QList<Script::DItem*> targets;
-    for (const char* path : {"Job.Camera.Out", "Job.Filter.Out", "Job.Filter.Level"}) {
-        m_lNodes.push_back(
-            std::make_unique<Script::DItem>(QLatin1String(path), QStringLiteral("IDataBasicInt")));
-        targets.append(m_lNodes.back().get());
-    }
-    if (!asVariantList) {
-        node->setProperty("IData.AcceptableLinks",
-                          QVariant::fromValue(Script::DItemListPair(targets, {})));
-        return;
-    }
-    // As a script or a settings file writes it: lists of objects.
-    QVariantList first;
-    for (Script::DItem* target : targets)
-        first.append(QVariant::fromValue<QObject*>(target));
-    node->setProperty("IData.AcceptableLinks", QVariantList({QVariant(first), QVariantList()}));
-}
-
-WTreePropertyBrowser* TestIntEditor::makeBrowser()
-{
-    m_poBrowser = new WTreePropertyBrowser(nullptr);
-    m_poBrowser->resize(400, 300);
-    return m_poBrowser;
+    verifyNothingLeftOpen();
 }
 
 // --- the row ------------------------------------------------------------------------------
@@ -348,43 +143,7 @@ WTreePropertyBrowser* TestIntEditor::makeBrowser()
 void TestIntEditor::constructionBuildsTheRow()
 {
     IntEditor* editor = makeEditor(makeNode("Job.T.Gain", Script::DItem::IoNone, 20, 0, 100, 5));
-    QCOMPARE(editor->objectName(), QStringLiteral("IntPropertyEditor"));
-    QLineEdit* edit = lineEditOf(editor);
-    WSlider* slider = sliderOf(editor);
-    QVERIFY(edit);
-    QVERIFY(slider);
-    QCOMPARE(editor->focusProxy(), static_cast<QWidget*>(edit));
-
-    auto* row = qobject_cast<QHBoxLayout*>(editor->layout());
-    QVERIFY(row);
-    QCOMPARE(row->contentsMargins(), QMargins(4, 0, 0, 0));
-    QCOMPARE(row->spacing(), 0);
-    QCOMPARE(row->count(), 3);
-    QVERIFY(qobject_cast<QLabel*>(row->itemAt(0)->widget()));
-    QVERIFY(qobject_cast<QPushButton*>(row->itemAt(2)->widget()));
-    auto* value = qobject_cast<QVBoxLayout*>(row->itemAt(1)->layout());
-    QVERIFY(value);
-    QCOMPARE(value->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(value->spacing(), 0);
-    QCOMPARE(value->count(), 2);
-    QCOMPARE(value->itemAt(0)->widget(), static_cast<QWidget*>(edit));
-    QCOMPARE(value->itemAt(1)->widget(), static_cast<QWidget*>(slider));
-
-    QVERIFY(!edit->hasFrame());
-    QVERIFY(!edit->acceptDrops());
-    QVERIFY(edit->alignment() & Qt::AlignTop);
-    QCOMPARE(edit->locale(), QLocale(QLocale::English, QLocale::UnitedStates));
-    const auto* validator = qobject_cast<const Int64Validator*>(edit->validator());
-    QVERIFY(validator);
-    QCOMPARE(validator->locale(), QLocale(QLocale::English, QLocale::UnitedStates));
-
-    QCOMPARE(slider->orientation(), Qt::Horizontal);
-    QCOMPARE(slider->cursor().shape(), Qt::ArrowCursor);
-    QVERIFY(!slider->hasTracking());
-    QCOMPARE(slider->focusPolicy(), Qt::NoFocus);
-    QVERIFY(!slider->styleSheet().isEmpty());
-    QCOMPARE(slider->styleSheet(), BaseEditor::commonStylesheet());
-    QCOMPARE(editor->mode(), BaseEditor::ModeLocal);
+    verifyIntegerRowBuilt<WSlider>(editor, QStringLiteral("IntPropertyEditor"));
 }
 
 void TestIntEditor::readDataFillsTheRow_data()
@@ -751,7 +510,7 @@ void TestIntEditor::linkAnchorReachesManager()
     node->setLinkedPath(QStringLiteral("Job.Camera.Out"));
     IntEditor* editor = makeEditor(node);
     QSignalSpy clicked(m_poManager.get(), &IntPropertyManager::linkClicked);
-    auto* label = editor->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* label = directChild<QLabel>(editor);
     QVERIFY(label);
     QVERIFY(label->text().contains(QStringLiteral("href=\"Job.Camera.Out\"")));
     emit label->linkActivated(QStringLiteral("Job.Camera.Out"));
@@ -839,10 +598,7 @@ void TestIntEditor::editThroughTheTree()
     QSignalSpy edited(m_poBrowser, &WTreePropertyBrowser::propertyEdited);
     QSignalSpy editing(m_poBrowser, &WTreePropertyBrowser::editing);
 
-    m_poBrowser->editItem(m_poBrowser->topLevelItem(row));
-    auto* view = m_poBrowser->findChild<QTreeView*>();
-    QPointer<IntEditor> editor
-        = qobject_cast<IntEditor*>(view->indexWidget(view->model()->index(0, 1)));
+    QPointer<IntEditor> editor = openEditorInTree<IntEditor>(*m_poBrowser, row);
     QVERIFY(editor);
     QTRY_COMPARE(WTreePropertyBrowser::propertyEditWidget, static_cast<BaseEditor*>(editor));
     QCOMPARE(editing.count(), 1);
@@ -871,62 +627,64 @@ void TestIntEditor::dialogFillsThePanel()
     editor->resize(300, 60);
     editor->show();
     QVERIFY(QTest::qWaitForWindowExposed(editor));
-    auto* browse = editor->findChild<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* browse = directChild<QPushButton>(editor);
     QVERIFY(browse);
     // The browse button opens the dialog.
-    const bool shown = runDialog(
-        [&] { QTest::mouseClick(browse, Qt::LeftButton); },
-        [&](WidgetSetNode& dialog) {
-            QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(editor));
-            QCOMPARE(dialog.windowTitle(), QStringLiteral("Gain"));
-            QVERIFY(dialog.ui->grpNodeValueType->isHidden());
-            QVERIFY(dialog.ui->rbLocalValue->isChecked());
-            QCOMPARE(dialog.ui->stackedWidget->currentWidget(), dialog.ui->pageLocal);
-            WidgetSetLocalInt* panel = panelOf(dialog);
-            QVERIFY(panel);
-            QCOMPARE(panel->parentWidget(), dialog.ui->pageLocal);
-            QCOMPARE(treeOf(dialog)->window(), static_cast<QWidget*>(&dialog));
-            const Ui_WidgetSetLocalInt& ui = *panel->ui;
-            QCOMPARE(ui.m_poLblMinValue->text(), QStringLiteral("Minimal Gain"));
-            QCOMPARE(ui.m_poLblMaxValue->text(), QStringLiteral("Maximal Gain"));
-            QCOMPARE(ui.m_poLblStepValue->text(), QStringLiteral("Step Gain"));
-            QCOMPARE(ui.m_poLblActualValue->text(), QStringLiteral("Actual Gain"));
-            QCOMPARE(ui.m_poMinValueText->text(), QStringLiteral("-100"));
-            QCOMPARE(ui.m_poMaxValueText->text(), QStringLiteral("2000"));
-            QCOMPARE(ui.m_poMinValueText->locale(), english);
-            QVERIFY(!ui.m_poMinValueText->isEnabled());
-            QVERIFY(ui.m_poMaxValueText->isReadOnly());
-            const auto* limitValidator
-                = qobject_cast<const Int64Validator*>(ui.m_poMaxValueText->validator());
-            QVERIFY(limitValidator);
-            QCOMPARE(limitValidator->bottom(), long(kLowest));
-            QCOMPARE(limitValidator->top(), long(kHighest));
-            QCOMPARE(ui.m_poStep->text(), QStringLiteral("5"));
-            QVERIFY(!ui.m_poStep->validator());
-            QCOMPARE(ui.m_poValue->text(), QStringLiteral("40"));
-            QVERIFY(ui.m_poValue->isEnabled());
-            QVERIFY(ui.m_poValue->isVisible());
-            const auto* valueValidator
-                = qobject_cast<const Int64Validator*>(ui.m_poValue->validator());
-            QVERIFY(valueValidator);
-            QCOMPARE(valueValidator->bottom(), -100L);
-            QCOMPARE(valueValidator->top(), 2000L);
-            QCOMPARE(ui.m_poSlider->min(), -100LL);
-            QCOMPARE(ui.m_poSlider->max(), 2000LL);
-            QCOMPARE(ui.m_poSlider->singleStep(), 5LL);
-            QCOMPARE(ui.m_poSlider->value(), 40L);
-            QVERIFY(ui.m_poSlider->isEnabled());
-            QVERIFY(ui.m_poSlider->isVisible());
-            QVERIFY(!ui.m_ErrorLabel->isVisible());
-            // A setting has no evaluated result: the row is squeezed out of sight.
-            QCOMPARE(ui.m_poLblEvaluatedResult->maximumHeight(), 3);
-            QVERIFY(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty());
-            QCOMPARE(ui.m_poLblLinkedTo->text(), QStringLiteral("Linked To: Limit, Gate"));
-            QCOMPARE(refresh.count(), 1);
-            QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Gain"));
-            checked = true;
-            QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-        });
+    const bool shown
+        = runDialog([&] { QTest::mouseClick(browse, Qt::LeftButton); },
+                    [&](WidgetSetNode& dialog) {
+                        QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(editor));
+                        QCOMPARE(dialog.windowTitle(), QStringLiteral("Gain"));
+                        QVERIFY(dialog.ui->grpNodeValueType->isHidden());
+                        QVERIFY(dialog.ui->rbLocalValue->isChecked());
+                        QCOMPARE(dialog.ui->stackedWidget->currentWidget(), dialog.ui->pageLocal);
+                        WidgetSetLocalInt* panel = panelOf(dialog);
+                        QVERIFY(panel);
+                        QCOMPARE(panel->parentWidget(), dialog.ui->pageLocal);
+                        QCOMPARE(linkTree(dialog)->window(), static_cast<QWidget*>(&dialog));
+                        const Ui_WidgetSetLocalInt& ui = *panel->ui;
+                        QCOMPARE(ui.m_poLblMinValue->text(), QStringLiteral("Minimal Gain"));
+                        QCOMPARE(ui.m_poLblMaxValue->text(), QStringLiteral("Maximal Gain"));
+                        QCOMPARE(ui.m_poLblStepValue->text(), QStringLiteral("Step Gain"));
+                        QCOMPARE(ui.m_poLblActualValue->text(), QStringLiteral("Actual Gain"));
+                        QCOMPARE(ui.m_poMinValueText->text(), QStringLiteral("-100"));
+                        QCOMPARE(ui.m_poMaxValueText->text(), QStringLiteral("2000"));
+                        QCOMPARE(ui.m_poMinValueText->locale(), english);
+                        QVERIFY(!ui.m_poMinValueText->isEnabled());
+                        QVERIFY(ui.m_poMaxValueText->isReadOnly());
+                        const auto* limitValidator
+                            = qobject_cast<const Int64Validator*>(ui.m_poMaxValueText->validator());
+                        QVERIFY(limitValidator);
+                        QCOMPARE(limitValidator->bottom(), long(kLowest));
+                        QCOMPARE(limitValidator->top(), long(kHighest));
+                        QCOMPARE(ui.m_poStep->text(), QStringLiteral("5"));
+                        QVERIFY(!ui.m_poStep->validator());
+                        QCOMPARE(ui.m_poValue->text(), QStringLiteral("40"));
+                        QVERIFY(ui.m_poValue->isEnabled());
+                        QVERIFY(ui.m_poValue->isVisible());
+                        const auto* valueValidator
+                            = qobject_cast<const Int64Validator*>(ui.m_poValue->validator());
+                        QVERIFY(valueValidator);
+                        QCOMPARE(valueValidator->bottom(), -100L);
+                        QCOMPARE(valueValidator->top(), 2000L);
+                        QCOMPARE(ui.m_poSlider->min(), -100LL);
+                        QCOMPARE(ui.m_poSlider->max(), 2000LL);
+                        QCOMPARE(ui.m_poSlider->singleStep(), 5LL);
+                        QCOMPARE(ui.m_poSlider->value(), 40L);
+                        QVERIFY(ui.m_poSlider->isEnabled());
+                        QVERIFY(ui.m_poSlider->isVisible());
+                        QVERIFY(!ui.m_ErrorLabel->isVisible());
+                        // A setting has no evaluated result: the row is squeezed out of sight.
+                        QCOMPARE(ui.m_poLblEvaluatedResult->maximumHeight(), 3);
+                        QVERIFY(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty());
+                        QCOMPARE(ui.m_poLblLinkedTo->text(),
+                                 QStringLiteral("Linked To: Limit, Gate"));
+                        QCOMPARE(refresh.count(), 1);
+                        QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Gain"));
+                        checked = true;
+                        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+                    })
+              .shown;
     QVERIFY(shown);
     QVERIFY(checked);
     QCOMPARE(edits.count(), 0);
@@ -945,7 +703,8 @@ void TestIntEditor::dialogLocalValue()
                                      QCOMPARE(panel->ui->m_poSlider->value(), 73L);
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetValue, QVariant(73));
     // The row's slider carries the new value.
@@ -968,7 +727,8 @@ void TestIntEditor::dialogLocalValueSnapped()
                                      retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("12"));
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetValue, QVariant(9));
 }
@@ -1004,7 +764,8 @@ void TestIntEditor::dialogUnchangedValueSendsNothing()
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
                                      accepted = dialog.result() == QDialog::Accepted;
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
@@ -1024,7 +785,8 @@ void TestIntEditor::dialogStepKeepsTheValue()
                                      shownText = panelOf(dialog)->ui->m_poValue->text();
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     QCOMPARE(shownValue, 40L);
     QCOMPARE(shownText, QStringLiteral("40"));
@@ -1052,24 +814,26 @@ void TestIntEditor::dialogLimits()
     QVERIFY(!lineEditOf(editor)->isEnabled());
     QVERIFY(!sliderOf(editor)->isEnabled());
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown = runDialog(
-        [&] { editor->vButtonClicked(); },
-        [&](WidgetSetNode& dialog) {
-            const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
-            QVERIFY(!ui.m_poValue->isEnabled());
-            QVERIFY(!ui.m_poSlider->isEnabled());
-            QVERIFY(ui.m_poMinValueText->isEnabled());
-            QVERIFY(!ui.m_poMinValueText->isReadOnly());
-            QVERIFY(ui.m_poMaxValueText->isEnabled());
-            QVERIFY(!ui.m_poMaxValueText->isReadOnly());
-            QCOMPARE(ui.m_poLblEvaluatedResult->text() == QStringLiteral("Evaluated Result"),
-                     evaluation);
-            QCOMPARE(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty(), !evaluation);
-            retype(ui.m_poMinValueText, QStringLiteral("-20"));
-            retype(ui.m_poMaxValueText, QStringLiteral("1,500"));
-            QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-        });
+    const bool shown
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
+                        QVERIFY(!ui.m_poValue->isEnabled());
+                        QVERIFY(!ui.m_poSlider->isEnabled());
+                        QVERIFY(ui.m_poMinValueText->isEnabled());
+                        QVERIFY(!ui.m_poMinValueText->isReadOnly());
+                        QVERIFY(ui.m_poMaxValueText->isEnabled());
+                        QVERIFY(!ui.m_poMaxValueText->isReadOnly());
+                        QCOMPARE(ui.m_poLblEvaluatedResult->text()
+                                     == QStringLiteral("Evaluated Result"),
+                                 evaluation);
+                        QCOMPARE(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty(), !evaluation);
+                        retype(ui.m_poMinValueText, QStringLiteral("-20"));
+                        retype(ui.m_poMaxValueText, QStringLiteral("1,500"));
+                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Area", Command::SetLimits, limits(-20, 1500));
 }
@@ -1091,7 +855,8 @@ void TestIntEditor::dialogUnreadableLimitSendsNothing()
                         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
                         accepted = dialog.result() == QDialog::Accepted;
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
@@ -1117,17 +882,19 @@ void TestIntEditor::dialogLinkPicked()
                         QVERIFY(dialog.ui->grpNodeValueType->isVisible());
                         QVERIFY(dialog.ui->rbDynamicValue->isChecked());
                         QVERIFY(dialog.ui->rbDynamicValue->isEnabled());
-                        QTreeWidget* tree = treeOf(dialog);
+                        QTreeWidget* tree = linkTree(dialog);
                         QVERIFY(tree->isEnabled());
                         // Nothing is linked yet, so nothing is selected.
                         QVERIFY(tree->selectedItems().isEmpty());
-                        QTreeWidgetItem* target = leafOf(tree, QStringLiteral("Job.Filter.Level"));
+                        QTreeWidgetItem* target
+                            = linkItem(tree, QStringLiteral("Job.Filter.Level"));
                         QVERIFY(target);
                         clickItem(tree, target);
                         QCOMPARE(tree->selectedItems(), QList<QTreeWidgetItem*>({target}));
                         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink,
                    QVariant(QStringLiteral("Job.Filter.Level")));
@@ -1144,7 +911,7 @@ void TestIntEditor::dialogLinkClearedByReset()
     const bool shown
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
-                        QTreeWidget* tree = treeOf(dialog);
+                        QTreeWidget* tree = linkTree(dialog);
                         // The present link is selected.
                         QCOMPARE(tree->selectedItems().size(), 1);
                         QCOMPARE(tree->selectedItems().first()->data(0, Qt::UserRole).toString(),
@@ -1152,7 +919,8 @@ void TestIntEditor::dialogLinkClearedByReset()
                         QVERIFY(dialog.ui->m_ResetBtn->isVisible());
                         QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1163,19 +931,21 @@ void TestIntEditor::dialogLinkPageWithNothingSelected()
     addLinkTargets(node);
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown = runDialog(
-        [&] { editor->vButtonClicked(); },
-        [&](WidgetSetNode& dialog) {
-            QTreeWidget* tree = treeOf(dialog);
-            clickItem(tree, leafOf(tree, QStringLiteral("Job.Camera.Out")));
-            QCOMPARE(tree->selectedItems().size(), 1);
-            // Ctrl-click takes the selection back.
-            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                              tree->visualItemRect(tree->selectedItems().first()).center());
-            QVERIFY(tree->selectedItems().isEmpty());
-            QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-        });
+    const bool shown
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        QTreeWidget* tree = linkTree(dialog);
+                        clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
+                        QCOMPARE(tree->selectedItems().size(), 1);
+                        // Ctrl-click takes the selection back.
+                        QTest::mouseClick(
+                            tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                            tree->visualItemRect(tree->selectedItems().first()).center());
+                        QVERIFY(tree->selectedItems().isEmpty());
+                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    })
+              .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1190,13 +960,14 @@ void TestIntEditor::dialogEmptyLinkListTakesLinkBranch()
                                  [&](WidgetSetNode& dialog) {
                                      QVERIFY(dialog.ui->rbDynamicValue->isChecked());
                                      QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
-                                     QVERIFY(!treeOf(dialog)->isEnabled());
+                                     QVERIFY(!linkTree(dialog)->isEnabled());
                                      QVERIFY(!dialog.ui->m_ResetBtn->isEnabled());
                                      // The panel's first report, on valid content, lets OK be
                                      // pressed.
                                      QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
@@ -1222,13 +993,14 @@ void TestIntEditor::dialogCancelSendsNothing()
                         if (ioType == 0) {
                             retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
                         } else {
-                            QTreeWidget* tree = treeOf(dialog);
-                            clickItem(tree, leafOf(tree, QStringLiteral("Job.Camera.Out")));
+                            QTreeWidget* tree = linkTree(dialog);
+                            clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
                             QCOMPARE(tree->selectedItems().size(), 1);
                         }
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
                         result = dialog.result();
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QCOMPARE(result, int(QDialog::Rejected));
     QCOMPARE(edits.count(), 0);
@@ -1256,7 +1028,8 @@ void TestIntEditor::dialogShowsErrorState()
                         QVERIFY(!ui.m_poValue->isVisible());
                         checked = true;
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                    });
+                    })
+              .shown;
     QVERIFY(shown);
     QVERIFY(checked);
 }
@@ -1272,13 +1045,14 @@ void TestIntEditor::showLinkWidgetPreselects()
                                  [&](WidgetSetNode& dialog) {
                                      QVERIFY(dialog.ui->rbDynamicValue->isChecked());
                                      const QList<QTreeWidgetItem*> items
-                                         = treeOf(dialog)->selectedItems();
+                                         = linkTree(dialog)->selectedItems();
                                      QCOMPARE(items.size(), 1);
                                      selected = items.first()->data(0, Qt::UserRole).toString();
                                      QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                                      QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
                                      QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(shown);
     QCOMPARE(selected, QStringLiteral("Job.Camera.Out"));
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink,
@@ -1290,11 +1064,12 @@ void TestIntEditor::showLinkWidgetPreselects()
     const bool again = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Camera.Out")); },
                                  [&](WidgetSetNode& dialog) {
                                      const QList<QTreeWidgetItem*> items
-                                         = treeOf(dialog)->selectedItems();
+                                         = linkTree(dialog)->selectedItems();
                                      QCOMPARE(items.size(), 1);
                                      selected = items.first()->data(0, Qt::UserRole).toString();
                                      QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                                 });
+                                 })
+                           .shown;
     QVERIFY(again);
     QCOMPARE(selected, QStringLiteral("Job.Filter.Out"));
     QCOMPARE(edits.count(), 1);
@@ -1305,14 +1080,15 @@ void TestIntEditor::outputWithoutEditableLimitsHasNoDialog()
     Script::DItem* node = makeNode("Job.T.Area", Script::DItem::IoOutput, 40, 0, 100, 1);
     IntEditor* editor = makeEditor(node);
     QSignalSpy refresh(m_poManager.get(), &IntPropertyManager::refreshData);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {});
+    const bool shown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {}).shown;
     QVERIFY(!shown);
     QCOMPARE(refresh.count(), 0);
     // With editable limits it has one.
     node->setProperty("IDataNumeric.LimitsEditable", true);
     IntEditor* limitsEditor = makeEditor(node);
     const bool limitsShown = runDialog([&] { limitsEditor->vButtonClicked(); },
-                                       [](WidgetSetNode& dialog) { dialog.reject(); });
+                                       [](WidgetSetNode& dialog) { dialog.reject(); })
+                                 .shown;
     QVERIFY(limitsShown);
 }
 
@@ -1322,14 +1098,13 @@ void TestIntEditor::editorDroppedWhileDialogRuns()
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     QPointer<WidgetSetNode> seen;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     seen = &dialog;
-                                     retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
-                                     // The tree drops the editor, and its dialog with it, while the
-                                     // dialog runs.
-                                     m_poEditor.reset();
-                                 });
+    const bool shown
+        = runDroppingEditor([&] { editor->vButtonClicked(); },
+                            [](WidgetSetNode& dialog) {
+                                retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
+                            },
+                            [&] { m_poEditor.reset(); }, seen)
+              .shown;
     QVERIFY(shown);
     QVERIFY(!seen);
     QCOMPARE(edits.count(), 0);
