@@ -26,9 +26,10 @@ QtAbstractPropertyBrowser::~QtAbstractPropertyBrowser()
 QList<QtProperty*> QtAbstractPropertyBrowser::properties() const
 {
     QList<QtProperty*> result;
-    result.reserve(m_poRoot->m_lChildren.size());
-    for (const QtBrowserItem* item : qAsConst(m_poRoot->m_lChildren))
-        result.append(item->m_poProperty);
+    const int count = m_poRoot->m_lChildren.size();
+    result.reserve(count);
+    for (int row = 0; row < count; ++row)
+        result.append(m_poRoot->m_lChildren.at(row)->m_poProperty);
     return result;
 }
 
@@ -44,15 +45,15 @@ QtBrowserItem* QtAbstractPropertyBrowser::topLevelItem(QtProperty* property) con
 
 QList<QtBrowserItem*> QtAbstractPropertyBrowser::topLevelItems() const
 {
-    return m_poRoot->m_lChildren;
+    return m_poRoot->m_lChildren.toList();
 }
 
 void QtAbstractPropertyBrowser::clear()
 {
     if (m_poRoot->m_lChildren.isEmpty())
         return;
-    for (QtBrowserItem* item : qAsConst(m_poRoot->m_lChildren))
-        announceRemoval(item);
+    for (int row = 0; row < m_poRoot->m_lChildren.size(); ++row)
+        announceRemoval(m_poRoot->m_lChildren.at(row));
     setCurrentItem(nullptr);
     // One reset instead of a removal per row: the views drop their rows in one go.
     m_poModel->resetItems([this] {
@@ -90,7 +91,7 @@ QtBrowserItem* QtAbstractPropertyBrowser::addProperty(QtProperty* property)
 {
     if (!property || topLevelItem(property))
         return nullptr;
-    const QList<QtBrowserItem*>& topLevel = m_poRoot->m_lChildren;
+    const QtBrowserItemList& topLevel = m_poRoot->m_lChildren;
     return createItem(property, m_poRoot, topLevel.isEmpty() ? nullptr : topLevel.last());
 }
 
@@ -190,15 +191,15 @@ void QtAbstractPropertyBrowser::removeItem(QtBrowserItem* item)
 
 void QtAbstractPropertyBrowser::announceRemoval(QtBrowserItem* item)
 {
-    for (QtBrowserItem* child : qAsConst(item->m_lChildren))
-        announceRemoval(child);
+    for (int row = 0; row < item->m_lChildren.size(); ++row)
+        announceRemoval(item->m_lChildren.at(row));
     itemRemoved(item);
 }
 
 void QtAbstractPropertyBrowser::destroyItem(QtBrowserItem* item)
 {
-    for (QtBrowserItem* child : qAsConst(item->m_lChildren))
-        destroyItem(child);
+    for (int row = 0; row < item->m_lChildren.size(); ++row)
+        destroyItem(item->m_lChildren.at(row));
     if (QtProperty* property = item->m_poProperty) {
         m_hItems.remove(property, item);
         QtAbstractPropertyManager* manager = property->propertyManager();

@@ -24,7 +24,7 @@ QtBrowserItem* QtBrowserItem::parent() const
 
 QList<QtBrowserItem*> QtBrowserItem::children() const
 {
-    return m_lChildren;
+    return m_lChildren.toList();
 }
 
 QtAbstractPropertyBrowser* QtBrowserItem::browser() const
@@ -50,6 +50,12 @@ int maxKeyShifts(int count)
 
 int QtBrowserItem::rowOf(const QtBrowserItem* child)
 {
+    // The ends need no log: rows are appended there, and a reorder takes its rows from there.
+    const int count = m_lChildren.size();
+    if (count > 0 && m_lChildren.last() == child)
+        return count - 1;
+    if (count > 0 && m_lChildren.first() == child)
+        return 0;
     int key = child->m_iRowKey;
     const int logged = m_vKeyShifts.size();
     for (int i = child->m_iRowKeyAge; i < logged; ++i) {
@@ -58,7 +64,7 @@ int QtBrowserItem::rowOf(const QtBrowserItem* child)
             key += shift.delta;
     }
     const int row = key - m_iRowKeyOffset;
-    if (row >= 0 && row < m_lChildren.size() && m_lChildren.at(row) == child) {
+    if (row >= 0 && row < count && m_lChildren.at(row) == child) {
         // Stored, so that the next lookup of the same child replays nothing.
         QtBrowserItem* found = m_lChildren.at(row);
         found->m_iRowKey = key;
@@ -76,9 +82,9 @@ void QtBrowserItem::insertChild(int row, QtBrowserItem* child)
     if (row == 0 && count > 0) {
         // Every key stays valid when the offset moves down with the new first row.
         --m_iRowKeyOffset;
-        m_lChildren.prepend(child);
+        m_lChildren.insert(0, child);
     } else if (row == count) {
-        m_lChildren.append(child);
+        m_lChildren.insert(count, child);
     } else {
         // The keys from the new row on move up by one; the new child's key comes after that.
         m_vKeyShifts.append({row + m_iRowKeyOffset, 1});
@@ -109,11 +115,9 @@ void QtBrowserItem::removeChild(int row)
 
 QList<QtBrowserItem*> QtBrowserItem::takeChildren()
 {
-    QList<QtBrowserItem*> children;
-    children.swap(m_lChildren);
     m_iRowKeyOffset = 0;
     m_vKeyShifts.clear();
-    return children;
+    return m_lChildren.takeAll();
 }
 
 void QtBrowserItem::renumberChildren()

@@ -1,6 +1,8 @@
 #ifndef QTBROWSERITEM_H
 #define QTBROWSERITEM_H
 
+#include "qtbrowseritemlist.h"
+
 #include <QList>
 #include <QVector>
 
@@ -50,7 +52,7 @@ private:
     QtProperty* m_poProperty;
     // The browser's hidden root for top-level items, so that they need no special case.
     QtBrowserItem* m_poParent;
-    QList<QtBrowserItem*> m_lChildren;
+    QtBrowserItemList m_lChildren;
     // Row numbers are cached as keys: a child's row is its key minus the parent's offset.
     // Adding or removing at either end only moves the offset, or touches no other key. A change
     // in the middle would move every key behind it; instead it is logged, and a lookup replays
