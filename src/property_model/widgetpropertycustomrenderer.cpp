@@ -10,14 +10,34 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPen>
+#include <QPixmap>
 #include <QPolygonF>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionViewItem>
+#include <QSvgRenderer>
 
 #include <limits>
 
 namespace PropertyBrowser {
+
+namespace {
+
+// The icon is made from its file at every drawing and kept nowhere. Rendered straight to a
+// pixmap of the button's icon size, the file is read once; an icon made from the file name
+// reads it once to check it and once more to draw it, which was most of a row's paint.
+QIcon browseIcon(const QSize& size, qreal pixelRatio)
+{
+    QPixmap pixmap(size * pixelRatio);
+    pixmap.setDevicePixelRatio(pixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    QSvgRenderer(QStringLiteral(":/images/browse_settings.svg")).render(&painter, QRectF(QPointF(), size));
+    painter.end();
+    return QIcon(pixmap);
+}
+
+} // namespace
 
 WidgetPropertyCustomRenderer::WidgetPropertyCustomRenderer(QObject* parent)
     : QObject(parent)
@@ -49,8 +69,8 @@ void WidgetPropertyCustomRenderer::drawBrowseButton(QPainter* painter, QStyleOpt
             QStyleOptionButton button;
             button.rect = QRect(QPoint(option.rect.right() - 29, option.rect.top()),
                                 QPoint(option.rect.right(), option.rect.bottom() - 1));
-            button.icon = QIcon(QStringLiteral(":/images/browse_settings.svg"));
             button.iconSize = QSize(16, 16);
+            button.icon = browseIcon(button.iconSize, painter->device()->devicePixelRatioF());
             style->drawControl(QStyle::CE_PushButton, &button, painter, nullptr);
             option.rect.setRight(option.rect.right() - 30);
         }

@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QStandardItemModel>
 #include <QStyleOptionViewItem>
+#include <QSvgRenderer>
 #include <QTest>
 #include <QTreeView>
 
@@ -76,6 +77,8 @@ private slots:
     void buttonAtRightEndOfValueCell_data();
     void buttonAtRightEndOfValueCell();
     void buttonOncePerPairOfCalls();
+    void buttonShowsTheBrowseIcon_data();
+    void buttonShowsTheBrowseIcon();
     void selectedRowTextColour_data();
     void selectedRowTextColour();
     void highlightedTextNeedsActiveWindow();
@@ -516,6 +519,56 @@ void TestWidgetPropertyCustomRenderer::buttonAtRightEndOfValueCell()
     // Nothing of the button lies left of its 30 pixels.
     for (int y = cell.top(); y < cell.bottom(); ++y)
         QCOMPARE(image.pixelColor(cell.right() - 30, y), background);
+}
+
+void TestWidgetPropertyCustomRenderer::buttonShowsTheBrowseIcon_data()
+{
+    QTest::addColumn<qreal>("ratio");
+    QTest::newRow("1x") << qreal(1);
+    QTest::newRow("2x") << qreal(2);
+}
+
+void TestWidgetPropertyCustomRenderer::buttonShowsTheBrowseIcon()
+{
+    QFETCH(qreal, ratio);
+    WidgetProperty* row = addRow(m_poIntManager.get(), "IDataBasicInt", Numeric());
+    m_lNodes.back()->setProperty("iIsEditable", true);
+    // The renderer's button beside the same button without an icon: the icon is the difference.
+    const auto paintButton = [&](bool byRenderer) {
+        QImage target(QSize(200, 26) * ratio, QImage::Format_ARGB32);
+        target.setDevicePixelRatio(ratio);
+        target.fill(Qt::white);
+        QPainter painter(&target);
+        if (byRenderer) {
+            QStandardItemModel model(1, 2);
+            QItemDelegate delegate;
+            QStyleOptionViewItem option;
+            option.rect = QRect(0, 0, 200, 26);
+            m_poRenderer->drawCustom(&painter, option, model.index(0, 1), delegate, row);
+        } else {
+            QStyleOptionButton button;
+            button.rect = QRect(QPoint(170, 0), QPoint(199, 24));
+            QApplication::style()->drawControl(QStyle::CE_PushButton, &button, &painter, nullptr);
+        }
+        return target;
+    };
+    const QImage plain = paintButton(false);
+    const QImage drawn = paintButton(true);
+    QRect changed;
+    int differing = 0;
+    for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+            if (plain.pixel(x, y) != drawn.pixel(x, y)) {
+                ++differing;
+                changed |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    // The three dots, drawn at the device's own resolution inside the 16-pixel icon square
+    // in the middle of the button.
+    QVERIFY2(differing >= int(6 * ratio * ratio), qPrintable(QString::number(differing)));
+    QVERIFY(changed.width() <= int(16 * ratio) && changed.height() <= int(16 * ratio));
+    QVERIFY(QRect(QPoint(170, 0) * ratio, QSize(30, 25) * ratio).contains(changed));
 }
 
 void TestWidgetPropertyCustomRenderer::buttonOncePerPairOfCalls()
