@@ -180,8 +180,7 @@ bool WorkbenchWindow::bOpenEditor(const QString& path, bool dialog)
         return true;
     }
     browser->editItem(item);
-    return PropertyBrowser::WTreePropertyBrowser::propertyEditWidget != nullptr
-        || browser->findChild<PropertyBrowser::Editors::BaseEditor*>() != nullptr;
+    return browser->findChild<PropertyBrowser::Editors::BaseEditor*>() != nullptr;
 }
 
 QImage WorkbenchWindow::picture()

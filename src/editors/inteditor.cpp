@@ -5,14 +5,13 @@
 #include "controls/wslider.h"
 #include "dialogs/widgetsetlocaladdon.h"
 #include "dialogs/widgetsetlocalint.h"
-#include "dialogs/widgetsetnode.h"
+#include "editors/integervaluepage.h"
 #include "editors/valuedialog.h"
 #include "property_model/intpropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 #include "ui_widgetsetlocalint.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -202,54 +201,11 @@ void IntEditor::vButtonClicked()
         return;
 
     ValueDialog valueDialog(*this, *m_property);
-    auto* panel = new WidgetSetLocalInt(QApplication::activeWindow());
-    const bool ok = setupAndShowErrorLabel(*panel->ui->m_ErrorLabel, node);
-    connect(panel, &WidgetSetLocalInt::validationStateChanged, &valueDialog.dialog(),
-            &WidgetSetNode::onValidationResult, Qt::DirectConnection);
-    valueDialog.setLocalPage(panel);
-    const QString name = m_property->propertyName();
-
+    bool ok = false;
+    WidgetSetLocalInt* panel = IntegerValuePage::create(
+        valueDialog, *this, *m_property, {value, minimum, maximum, step}, m_limitsEditable,
+        std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), ok);
     Ui_WidgetSetLocalInt& fields = *panel->ui;
-    fields.m_poSlider->setMinimum(minimum);
-    fields.m_poSlider->setMaximum(maximum);
-    fields.m_poSlider->setValue(value);
-    fields.m_poSlider->setSingleStep(step);
-    // A new step keeps the slider's position, not its value, so the value is set once more.
-    fields.m_poSlider->setValue(value);
-    fields.m_poSlider->setEnabled(!m_limitsEditable);
-    fields.m_poSlider->setVisible(ok);
-    fields.m_ErrorLabel->setVisible(!ok);
-
-    const QString suffix = QLatin1Char(' ') + name;
-    fields.m_poLblMinValue->setText(tr("Minimal") + suffix);
-    fields.m_poLblMaxValue->setText(tr("Maximal") + suffix);
-    fields.m_poLblStepValue->setText(tr("Step") + suffix);
-    fields.m_poLblActualValue->setText(tr("Actual") + suffix);
-
-    const QLocale locale = m_property->locale();
-    const auto setUpLimitField = [this, &locale](QLineEdit* field, int limit) {
-        field->setText(QString::number(limit, 10));
-        field->setLocale(locale);
-        auto* validator = new Int64Validator(std::numeric_limits<int>::min(),
-                                             std::numeric_limits<int>::max(), field);
-        validator->setLocale(locale);
-        field->setValidator(validator);
-        field->setEnabled(m_limitsEditable);
-        field->setReadOnly(!m_limitsEditable);
-    };
-    setUpLimitField(fields.m_poMinValueText, minimum);
-    setUpLimitField(fields.m_poMaxValueText, maximum);
-
-    // Shown for information only; the step is never read back.
-    fields.m_poStep->setText(QString::number(step, 10));
-    fields.m_poStep->setLocale(locale);
-
-    fields.m_poValue->setEnabled(!m_limitsEditable);
-    fields.m_poValue->setText(QString::number(value, 10));
-    auto* valueValidator = new Int64Validator(minimum, maximum, fields.m_poValue);
-    valueValidator->setLocale(locale);
-    fields.m_poValue->setValidator(valueValidator);
-    fields.m_poValue->setVisible(ok);
 
     emit manager->refreshData(path);
 

@@ -10,6 +10,29 @@
     </message>
   </context>
   <context>
+    <name>IntegerValuePage</name>
+    <message>
+      <location filename="../../editors/integervaluepage.cpp" line="41" />
+      <source>Minimal</source>
+      <translation>Minimal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/integervaluepage.cpp" line="42" />
+      <source>Maximal</source>
+      <translation>Maximal</translation>
+    </message>
+    <message>
+      <location filename="../../editors/integervaluepage.cpp" line="43" />
+      <source>Step</source>
+      <translation>Schrittweite</translation>
+    </message>
+    <message>
+      <location filename="../../editors/integervaluepage.cpp" line="44" />
+      <source>Actual</source>
+      <translation>Aktuell</translation>
+    </message>
+  </context>
+  <context>
     <name>NavigatorWidgetLayout</name>
     <message>
       <location filename="../../navigator/widgettree.ui" line="14" />
@@ -47,52 +70,6 @@
       <location filename="../../editors/doubleeditor.cpp" line="184" />
       <source>Maximal</source>
       <translation>Maximal</translation>
-    </message>
-  </context>
-  <context>
-    <name>PropertyBrowser::Editors::Int64Editor</name>
-    <message>
-      <location filename="../../editors/int64editor.cpp" line="193" />
-      <source>Minimal</source>
-      <translation>Minimal</translation>
-    </message>
-    <message>
-      <location filename="../../editors/int64editor.cpp" line="194" />
-      <source>Maximal</source>
-      <translation>Maximal</translation>
-    </message>
-    <message>
-      <location filename="../../editors/int64editor.cpp" line="195" />
-      <source>Step</source>
-      <translation>Schrittweite</translation>
-    </message>
-    <message>
-      <location filename="../../editors/int64editor.cpp" line="196" />
-      <source>Actual</source>
-      <translation>Aktuell</translation>
-    </message>
-  </context>
-  <context>
-    <name>PropertyBrowser::Editors::IntEditor</name>
-    <message>
-      <location filename="../../editors/inteditor.cpp" line="224" />
-      <source>Minimal</source>
-      <translation>Minimal</translation>
-    </message>
-    <message>
-      <location filename="../../editors/inteditor.cpp" line="225" />
-      <source>Maximal</source>
-      <translation>Maximal</translation>
-    </message>
-    <message>
-      <location filename="../../editors/inteditor.cpp" line="226" />
-      <source>Step</source>
-      <translation>Schrittweite</translation>
-    </message>
-    <message>
-      <location filename="../../editors/inteditor.cpp" line="227" />
-      <source>Actual</source>
-      <translation>Aktuell</translation>
     </message>
   </context>
   <context>
