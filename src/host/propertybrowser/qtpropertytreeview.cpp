@@ -7,6 +7,8 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
+#include <QStyleOption>
 
 QtPropertyTreeView::QtPropertyTreeView(QtTreePropertyBrowser* browser)
     : QTreeView(browser)
@@ -22,6 +24,40 @@ bool QtPropertyTreeView::openEditor(const QModelIndex& index)
 void QtPropertyTreeView::relayoutRows()
 {
     scheduleDelayedItemsLayout();
+}
+
+bool QtPropertyTreeView::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Paint:
+        paintScrollArea();
+        return true;
+    case QEvent::StyleChange:
+        // A style that changes its look says so with this event, keeping its object.
+        m_oFrameCache.clear();
+        break;
+    default:
+        break;
+    }
+    return QTreeView::event(event);
+}
+
+void QtPropertyTreeView::paintScrollArea()
+{
+    QPainter painter(this);
+    const QWidget* vertical = verticalScrollBar()->parentWidget();
+    const QWidget* horizontal = horizontalScrollBar()->parentWidget();
+    // The scroll bars sit in containers of the scroll area; the corner is where their lines
+    // would cross. With a corner widget set, that widget covers it.
+    if (vertical && horizontal && vertical->isVisible() && horizontal->isVisible()) {
+        QStyleOption option;
+        option.initFrom(this);
+        option.rect
+            = QRect(vertical->x(), horizontal->y(), vertical->width(), horizontal->height());
+        style()->drawPrimitive(QStyle::PE_PanelScrollAreaCorner, &option, &painter, this);
+    }
+    m_oFrameCache.paint(&painter, this,
+                        [this](QPainter* framePainter) { drawFrame(framePainter); });
 }
 
 void QtPropertyTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

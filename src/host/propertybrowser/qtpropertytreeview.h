@@ -1,6 +1,8 @@
 #ifndef QTPROPERTYTREEVIEW_H
 #define QTPROPERTYTREEVIEW_H
 
+#include "qtframecache.h"
+
 #include <QTreeView>
 
 class QtTreePropertyBrowser;
@@ -25,6 +27,8 @@ public:
     QModelIndex indexAt(const QPoint& point) const override;
 
 protected:
+    /// Paints the view's own frame and scroll bar corner from kept pixels where it can.
+    bool event(QEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -42,8 +46,12 @@ private:
                         const QModelIndex& index) const;
     /// Emits the browser's mouseEventSignal() if @p event is on a row.
     void reportMouseEvent(QMouseEvent* event);
+    /// Paints what the scroll area paints itself: the corner between two shown scroll bars and
+    /// the frame, which is put back from m_oFrameCache.
+    void paintScrollArea();
 
     QtTreePropertyBrowser* m_poBrowser;
+    QtFrameCache m_oFrameCache;
 };
 
 #endif
