@@ -23,7 +23,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QSpontaneKeyEvent>
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
@@ -102,43 +101,21 @@ inline QLineEdit* lineEditOf(const QWidget* editor)
 }
 
 /// What became of the value dialog that an action was to open.
-struct DialogRun
-{
-    /// A value dialog came up as the modal window.
-    bool shown = false;
-    /// The steps did not close it, so the run closed it with reject().
-    bool leftOpen = false;
-};
+using DialogRun = TestSupport::ModalRun;
+using TestSupport::retype;
+using TestSupport::sendMouse;
+using TestSupport::sendWheel;
 
-/// Does @p open, which may bring up the value dialog, and runs @p steps on it in its event loop.
+/// Does @p open, which may bring up the value dialog, and runs @p steps on it in its event loop;
+/// another modal dialog fails the test.
 inline DialogRun runDialog(const std::function<void()>& open,
                            const std::function<void(WidgetSetNode&)>& steps)
 {
-    DialogRun run;
-    QTimer watch;
-    int ticks = 0;
-    QObject::connect(&watch, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<WidgetSetNode*>(QApplication::activeModalWidget());
-        if (!dialog) {
-            // An action that opens no dialog must not keep the timer spinning.
-            if (++ticks > 1000)
-                watch.stop();
-            return;
-        }
-        watch.stop();
-        run.shown = true;
-        // The steps may end the dialog's life themselves. Steps that fail, or forget to close
-        // the dialog, still end with it closed, so that no test waits for a person.
-        const QPointer<WidgetSetNode> guard(dialog);
-        steps(*dialog);
-        if (guard && guard->isVisible()) {
-            run.leftOpen = true;
-            guard->reject();
-        }
+    return TestSupport::runModal(open, [&](QDialog& dialog) {
+        auto* valueDialog = qobject_cast<WidgetSetNode*>(&dialog);
+        QVERIFY2(valueDialog, dialog.metaObject()->className());
+        steps(*valueDialog);
     });
-    watch.start(0);
-    open();
-    return run;
 }
 
 /// Runs the dialog of @p open, lets @p change alter it, then deletes the editor with @p dropEditor.
@@ -199,16 +176,6 @@ inline void pickLinkTarget(WidgetSetNode& dialog, const QString& path)
     QVERIFY(target->isSelected());
 }
 
-/// Replaces the text of @p field as typing does; an empty text is a Backspace over all of it.
-inline void retype(QLineEdit* field, const QString& text)
-{
-    field->selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(field, Qt::Key_Backspace);
-    else
-        QTest::keyClicks(field, text);
-}
-
 /// The limits as an edit of them carries them.
 template<class Number>
 QVariant limits(Number minimum, Number maximum)
@@ -244,25 +211,6 @@ inline QRect handleRect(const QSlider* slider)
         option.state |= QStyle::State_Horizontal;
     return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
                                            slider);
-}
-
-/// Sends a mouse event as the window system would; QTest cannot move the mouse with a button held.
-inline void sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
-                      Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-}
-
-/// Turns the mouse wheel by @p delta over the middle of @p widget as the window system would.
-inline void sendWheel(QWidget* widget, int delta)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, delta),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
 }
 
 /// Forgets what earlier browsers stored, so that a new browser starts as on a first run.

@@ -1,8 +1,15 @@
 #include "testsupport.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
 #include <QList>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QSpontaneKeyEvent>
 #include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 
 namespace {
@@ -65,4 +72,60 @@ QStringList TestSupport::liveTopLevelWidgets()
                 + widget->objectName();
     }
     return result;
+}
+
+TestSupport::ModalRun TestSupport::runModal(const std::function<void()>& open,
+                                            const std::function<void(QDialog&)>& steps)
+{
+    ModalRun run;
+    QTimer watch;
+    int ticks = 0;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog) {
+            // An action that opens no dialog must not keep the timer spinning.
+            if (++ticks > 1000)
+                watch.stop();
+            return;
+        }
+        watch.stop();
+        run.shown = true;
+        // The steps may end the dialog's life themselves.
+        const QPointer<QDialog> guard(dialog);
+        steps(*dialog);
+        if (guard && guard->isVisible()) {
+            run.leftOpen = true;
+            guard->reject();
+        }
+    });
+    watch.start(0);
+    open();
+    return run;
+}
+
+void TestSupport::retype(QLineEdit* field, const QString& text)
+{
+    field->selectAll();
+    if (text.isEmpty())
+        QTest::keyClick(field, Qt::Key_Backspace);
+    else
+        QTest::keyClicks(field, text);
+}
+
+void TestSupport::sendMouse(QWidget* widget, QEvent::Type type, QPoint pos,
+                            Qt::MouseButton button, Qt::MouseButtons buttons)
+{
+    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(widget, &event);
+}
+
+bool TestSupport::sendWheel(QWidget* widget, int delta)
+{
+    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
+    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, delta),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(widget, &event);
+    return event.isAccepted();
 }
