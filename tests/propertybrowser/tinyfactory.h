@@ -28,6 +28,8 @@ public:
 
     QList<TinyManager*> m_lConnected;
     QList<TinyManager*> m_lDisconnected;
+    /// How often an editor was asked for, made or declined.
+    int m_iCreateCalls = 0;
 
 protected:
     void connectPropertyManager(TinyManager* manager) override { m_lConnected.append(manager); }
@@ -37,6 +39,7 @@ protected:
     }
     QWidget* createEditor(TinyManager* manager, QtProperty* property, QWidget* parent) override
     {
+        ++m_iCreateCalls;
         if (m_bDeclining)
             return nullptr;
         auto* editor = new QSpinBox(parent);

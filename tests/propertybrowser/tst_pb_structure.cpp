@@ -204,6 +204,7 @@ void TestStructure::subPropertiesAddedAfterShown()
     group->addSubProperty(last);
     group->insertSubProperty(middle, first);
     QCOMPARE(groupItem->children().size(), 3);
+    QCOMPARE(groupItem->childCount(), 3);
     const QModelIndex groupIndex = m_poModel->index(0, 0);
     QCOMPARE(rowTexts(m_poModel, groupIndex), QStringList({"first", "middle", "last"}));
 

@@ -44,6 +44,8 @@ private slots:
     void editItemCommitsThroughManager();
     void pressOnValueOpensEditor();
     void declinedEditorLeavesNoEditor();
+    void pressEditedByTheSignalAsksOnce_data();
+    void pressEditedByTheSignalAsksOnce();
     void editorGoesWithItsRow();
     void rowWithoutValueOpensNoEditor();
     void mouseEventsNameTheRow_data();
@@ -332,6 +334,36 @@ void TestTree::declinedEditorLeavesNoEditor()
     m_poBrowser->unsetFactoryForManager(m_poManager);
     m_poBrowser->editItem(item);
     QVERIFY(!m_poView->viewport()->findChild<QSpinBox*>());
+}
+
+void TestTree::pressEditedByTheSignalAsksOnce_data()
+{
+    QTest::addColumn<bool>("declining");
+    QTest::addColumn<int>("column");
+    QTest::newRow("editor, value") << false << 1;
+    QTest::newRow("no editor, value") << true << 1;
+    QTest::newRow("no editor, name") << true << 0;
+}
+
+void TestTree::pressEditedByTheSignalAsksOnce()
+{
+    QFETCH(bool, declining);
+    QFETCH(int, column);
+    QtBrowserItem* item = m_poBrowser->addProperty(m_poManager->addProperty("p"));
+    m_poFactory->setDeclining(declining);
+    // A user of the browser that opens the editor of any row pressed, on either column.
+    connect(m_poBrowser, &QtTreePropertyBrowser::mouseEventSignal, this,
+            [this](QMouseEvent* event, QtBrowserItem* pressed) {
+                if (event->type() == QEvent::MouseButtonPress)
+                    m_poBrowser->editItem(pressed);
+            });
+    QVERIFY(showWidget(m_poBrowser));
+    QTRY_VERIFY(m_poView->visualRect(m_poView->model()->index(0, 1)).isValid());
+
+    QTest::mousePress(m_poView->viewport(), Qt::LeftButton, {}, cellCentre(item, column));
+    QCOMPARE(m_poFactory->m_iCreateCalls, 1);
+    QCOMPARE(bool(m_poView->viewport()->findChild<QSpinBox*>()), !declining);
+    QTest::mouseRelease(m_poView->viewport(), Qt::LeftButton, {}, cellCentre(item, column));
 }
 
 void TestTree::editorGoesWithItsRow()

@@ -27,6 +27,11 @@ QList<QtBrowserItem*> QtBrowserItem::children() const
     return m_lChildren.toList();
 }
 
+int QtBrowserItem::childCount() const
+{
+    return m_lChildren.size();
+}
+
 QtAbstractPropertyBrowser* QtBrowserItem::browser() const
 {
     return m_poBrowser;

@@ -17,8 +17,10 @@ public:
     QtProperty* property() const;
     /// The item this one is a child of; null for a top-level item.
     QtBrowserItem* parent() const;
-    /// The child items, in their order.
+    /// The child items, in their order. A new list at every call: ask childCount() for the count.
     QList<QtBrowserItem*> children() const;
+    /// The number of child items.
+    int childCount() const;
     /// The browser that owns the item.
     QtAbstractPropertyBrowser* browser() const;
 

@@ -1,7 +1,8 @@
 #include "qtframecache.h"
 
+#include "qttargetpixelratio.h"
+
 #include <QFrame>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -39,10 +40,7 @@ QtFrameCache::Key QtFrameCache::keyOf(const QFrame* frame, qreal ratio)
 void QtFrameCache::paint(QPainter* painter, const QFrame* frame,
                          const std::function<void(QPainter*)>& drawFrame)
 {
-    // The engine's device is where the pixels go, also when the painting is redirected into an
-    // image by render() or grab().
-    const QPaintEngine* engine = painter->paintEngine();
-    const qreal ratio = (engine ? engine->paintDevice() : painter->device())->devicePixelRatioF();
+    const qreal ratio = qtTargetPixelRatio(painter);
     // Kept pixels can be put back only where logical pixels start on whole device pixels.
     if (ratio != std::floor(ratio)) {
         drawFrame(painter);

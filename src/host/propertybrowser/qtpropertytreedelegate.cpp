@@ -5,9 +5,9 @@
 #include "qttreepropertybrowser.h"
 
 #include "qtbrowseritemmodel.h"
+#include "qttargetpixelratio.h"
 
 #include <QApplication>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -33,26 +33,6 @@ QIcon::Mode iconMode(const QStyleOptionViewItem& option)
 QIcon::State iconState(const QStyleOptionViewItem& option)
 {
     return (option.state & QStyle::State_Open) ? QIcon::On : QIcon::Off;
-}
-
-/// The area QItemDelegate measures a cell's text in: unbounded across unless it wraps.
-QRect textBounds(const QStyleOptionViewItem& option)
-{
-    // The largest width QTextLayout takes, a 26.6 fixed-point number of pixels.
-    const int unbounded = INT_MAX / 256;
-    QRect bounds = option.rect;
-    const bool wrap = option.features & QStyleOptionViewItem::WrapText;
-    switch (option.decorationPosition) {
-    case QStyleOptionViewItem::Left:
-    case QStyleOptionViewItem::Right:
-        bounds.setWidth(wrap && bounds.isValid() ? bounds.width() : unbounded);
-        break;
-    case QStyleOptionViewItem::Top:
-    case QStyleOptionViewItem::Bottom:
-        bounds.setWidth(wrap ? option.decorationSize.width() : unbounded);
-        break;
-    }
-    return bounds;
 }
 
 } // namespace
@@ -146,14 +126,11 @@ void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionView
         iconRect
             = QRect(QPoint(0, 0),
                     icon.actualSize(option.decorationSize, iconMode(option), iconState(option)));
+    // Rows are selected whole, so the text's own size places nothing: it gets the rest of the
+    // cell after the decoration.
     QRect textRect;
-    if (!text.isNull()) {
-        // The text's size places it only when the selection leaves the decoration out; with
-        // the whole row selectable, as in the browser, the text gets the rest of the cell.
-        textRect = option.showDecorationSelected
-            ? QRect(0, 0, 1, 1)
-            : textRectangle(painter, textBounds(option), option.font, text);
-    }
+    if (!text.isNull())
+        textRect = QRect(0, 0, 1, 1);
     QRect checkRect;
     doLayout(option, &checkRect, &iconRect, &textRect, false);
     if (option.state & QStyle::State_Selected)
@@ -170,10 +147,7 @@ void QtPropertyTreeDelegate::paintIcon(QPainter* painter, const QStyleOptionView
 {
     if (icon.isNull() || !rect.isValid())
         return;
-    // The engine's device is where the pixels go, also when a widget's painting is redirected
-    // into an image by render() or grab().
-    const QPaintEngine* engine = painter->paintEngine();
-    const qreal ratio = (engine ? engine->paintDevice() : painter->device())->devicePixelRatioF();
+    const qreal ratio = qtTargetPixelRatio(painter);
     QPixmap sharp = icon.pixmap(rect.size() * ratio, iconMode(option), iconState(option));
     sharp.setDevicePixelRatio(ratio);
     const QSize shown = sharp.size() / ratio;
@@ -202,12 +176,9 @@ void QtPropertyTreeDelegate::paintText(QPainter* painter, const QStyleOptionView
         return;
     }
     const QPalette::ColorGroup group = colorGroup(option);
-    if (option.state & QStyle::State_Selected) {
-        painter->fillRect(rect, option.palette.brush(group, QPalette::Highlight));
-        painter->setPen(option.palette.color(group, QPalette::HighlightedText));
-    } else {
-        painter->setPen(option.palette.color(group, QPalette::Text));
-    }
+    // The selection's fill is under the whole cell already.
+    painter->setPen(option.palette.color(
+        group, option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text));
     const QSize layoutSize(textRect.width(), int(shaped->size.height()));
     const QRect layoutRect
         = QStyle::alignedRect(option.direction, option.displayAlignment, layoutSize, textRect);

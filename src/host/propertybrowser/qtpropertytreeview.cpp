@@ -17,6 +17,7 @@ QtPropertyTreeView::QtPropertyTreeView(QtTreePropertyBrowser* browser)
 
 bool QtPropertyTreeView::openEditor(const QModelIndex& index)
 {
+    m_bEditorAsked = true;
     // The public edit() warns when the factory declines, which is an ordinary outcome here.
     return edit(index, AllEditTriggers, nullptr);
 }
@@ -176,8 +177,13 @@ void QtPropertyTreeView::drawSpannedRow(QPainter* painter, const QStyleOptionVie
 
 void QtPropertyTreeView::mousePressEvent(QMouseEvent* event)
 {
+    m_bEditorAsked = false;
     QTreeView::mousePressEvent(event);
     reportMouseEvent(event);
+    // A receiver of the signal that asked for an editor has answered the press, whether the
+    // factory made one or declined.
+    if (m_bEditorAsked)
+        return;
     // Looked up again: a receiver of the signal may have changed the rows.
     const QModelIndex index = indexAt(event->pos());
     if (event->button() == Qt::LeftButton && index.column() == 1

@@ -52,6 +52,8 @@ private:
 
     QtTreePropertyBrowser* m_poBrowser;
     QtFrameCache m_oFrameCache;
+    // Set when an editor is asked for, so that a press whose signal already did so asks once.
+    bool m_bEditorAsked = false;
 };
 
 #endif

@@ -214,7 +214,7 @@ void QtTreePropertyBrowser::itemInserted(QtBrowserItem* item, QtBrowserItem*)
 {
     // Items start expanded; a parent's expansion matters to the view once it has a child.
     QtBrowserItem* parent = item->parent();
-    if (parent && parent->children().size() == 1 && !m_hCollapsed.contains(parent))
+    if (parent && parent->childCount() == 1 && !m_hCollapsed.contains(parent))
         m_poView->expand(indexOf(parent, 0));
 }
 
@@ -227,7 +227,7 @@ void QtTreePropertyBrowser::itemRemoved(QtBrowserItem* item)
 void QtTreePropertyBrowser::itemChanged(QtBrowserItem* item)
 {
     // The model repainted the row; rows below may change with its enabled state.
-    if (!item->children().isEmpty())
+    if (item->childCount() > 0)
         m_poView->viewport()->update();
 }
 
