@@ -19,11 +19,7 @@ CtrlCharTextEdit::CtrlCharTextEdit(QWidget* parent)
 
 QString CtrlCharTextEdit::toPlainText() const
 {
-    QString text = QPlainTextEdit::toPlainText();
-    const QList<CustomCharacterMap::CharMapItem> mapping = CustomCharacterMap::getMapping();
-    for (const CustomCharacterMap::CharMapItem& item : mapping)
-        text.replace(item.replacement.toChar(), item.character.toChar(), Qt::CaseSensitive);
-    return text;
+    return CustomCharacterMap::fromDisplayString(QPlainTextEdit::toPlainText());
 }
 
 void CtrlCharTextEdit::insertSymbol(QChar c)

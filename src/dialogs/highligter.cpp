@@ -2,22 +2,44 @@
 
 #include "dialogs/customcharactermap.h"
 
+#include <QSet>
+
+namespace {
+
+const QTextCharFormat& symbolFormat()
+{
+    static const QTextCharFormat format = [] {
+        QTextCharFormat symbol;
+        symbol.setForeground(Qt::white);
+        symbol.setBackground(Qt::darkGreen);
+        symbol.setFontPointSize(12);
+        return symbol;
+    }();
+    return format;
+}
+
+// The map never changes once filled, so its symbols are gathered once.
+const QSet<QChar>& symbols()
+{
+    static const QSet<QChar> set = [] {
+        QSet<QChar> replacements;
+        for (const CustomCharacterMap::CharMapItem& item : CustomCharacterMap::getMapping())
+            replacements.insert(item.replacement.toChar());
+        return replacements;
+    }();
+    return set;
+}
+
+} // namespace
+
 Highligter::Highligter(QTextDocument* parent)
     : QSyntaxHighlighter(parent)
 { }
 
 void Highligter::highlightBlock(const QString& text)
 {
-    QTextCharFormat format;
-    format.setForeground(Qt::white);
-    format.setBackground(Qt::darkGreen);
-    format.setFontPointSize(12);
-    const QList<CustomCharacterMap::CharMapItem> mapping = CustomCharacterMap::getMapping();
-    for (const CustomCharacterMap::CharMapItem& item : mapping) {
-        const QChar symbol = item.replacement.toChar();
-        for (int position = text.indexOf(symbol, 0, Qt::CaseSensitive); position >= 0;
-             position = text.indexOf(symbol, position + 1, Qt::CaseSensitive)) {
-            setFormat(position, 1, format);
-        }
+    for (int position = 0; position < text.size(); ++position) {
+        if (symbols().contains(text.at(position)))
+            setFormat(position, 1, symbolFormat());
     }
 }

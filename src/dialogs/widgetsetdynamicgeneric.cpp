@@ -102,14 +102,13 @@ void WidgetSetDynamicGeneric::createTree(QString path, QTreeWidgetItem* root)
 void WidgetSetDynamicGeneric::addChildren(QTreeWidgetItem* parent, QStringList parts,
                                           QString fullPath)
 {
-    while (!parts.isEmpty()) {
-        if (QTreeWidgetItem* child = findChildItem(parent, parts.first())) {
+    for (const QString& part : qAsConst(parts)) {
+        // Looked up by the text the item is shown with: findChildItem() translates the name
+        // unaltered and so would never find a name beyond ASCII that was added here.
+        if (QTreeWidgetItem* child = childWithText(parent, translatedName(part)))
             parent = child;
-            parts.removeFirst();
-        } else {
-            // The new child is found on the next round and descended into.
-            addChild(parent, parts.first(), fullPath);
-        }
+        else
+            addChild(parent, part, fullPath);
     }
 }
 
@@ -125,14 +124,20 @@ void WidgetSetDynamicGeneric::addChild(QTreeWidgetItem*& parent, QString const& 
         if (!children.contains(item->text(0)))
             children.insert(item->text(0), item);
     }
+    parent = item;
 }
 
 QTreeWidgetItem* WidgetSetDynamicGeneric::findChildItem(QTreeWidgetItem* parent,
                                                         QString const& name)
 {
+    return childWithText(parent, App::getTranslatedName(name));
+}
+
+QTreeWidgetItem* WidgetSetDynamicGeneric::childWithText(QTreeWidgetItem* parent,
+                                                        QString const& text) const
+{
     if (!parent)
         return nullptr;
-    const QString text = App::getTranslatedName(name);
     if (m_bIndexing)
         return m_hChildrenByText.value(parent).value(text, nullptr);
     for (int i = 0; i < parent->childCount(); ++i) {
@@ -176,8 +181,8 @@ void WidgetSetDynamicGeneric::expandAndSelect(QString path)
         return;
     }
     const QString last = translatedName(parts.last());
-    const QList<QTreeWidgetItem*> found = ui->m_poTreeWidget->findItems(
-        last, Qt::MatchContains | Qt::MatchRecursive, 0);
+    const QList<QTreeWidgetItem*> found
+        = ui->m_poTreeWidget->findItems(last, Qt::MatchContains | Qt::MatchRecursive, 0);
     auto* dialog = qobject_cast<WidgetSetNode*>(m_poParent);
     bool matched = false;
     for (QTreeWidgetItem* item : found) {

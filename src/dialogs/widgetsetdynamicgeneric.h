@@ -39,7 +39,8 @@ public:
     /// Descends from @p parent along @p parts, adding the items that are missing; new items
     /// carry @p fullPath.
     void addChildren(QTreeWidgetItem* parent, QStringList parts, QString fullPath);
-    /// Adds a child named @p name that carries @p fullPath below @p parent.
+    /// Adds a child named @p name that carries @p fullPath below @p parent, and makes it the
+    /// new @p parent.
     void addChild(QTreeWidgetItem*& parent, QString const& name, QString const& fullPath);
     /// The first child of @p parent whose text is the translation of @p name, or null.
     QTreeWidgetItem* findChildItem(QTreeWidgetItem* parent, QString const& name);
@@ -67,6 +68,9 @@ public slots:
     void onItemDoubleClicked(QTreeWidgetItem* item, int column);
 
 private:
+    /// The first child of @p parent shown as @p text, or null.
+    QTreeWidgetItem* childWithText(QTreeWidgetItem* parent, QString const& text) const;
+
     QWidget* m_poParent;
     // While generateTree() builds the tree, which adds items only through addChild(): the
     // first child of each item by display text, so that many paths are placed without

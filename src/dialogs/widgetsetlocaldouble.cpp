@@ -1,21 +1,12 @@
 #include "dialogs/widgetsetlocaldouble.h"
 
+#include "dialogs/numericvaluecheck.h"
 #include "ui_widgetsetlocaldouble.h"
 
 #include <QTimer>
 
 namespace PropertyBrowser {
 namespace Editors {
-
-namespace {
-
-// The first report waits until the caller has filled the fields.
-const int kFirstReportDelayMs = 10;
-
-const int kEditLimits = 1;
-const int kEditValue = 2;
-
-} // namespace
 
 WidgetSetLocalDouble::WidgetSetLocalDouble(QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)
@@ -27,7 +18,7 @@ WidgetSetLocalDouble::WidgetSetLocalDouble(QWidget* parent, Qt::WindowFlags flag
                                   static_cast<QDoubleSpinBox*>(ui->m_poValueText)})
         connect(field, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
                 &WidgetSetLocalDouble::recalculateValidationState, Qt::DirectConnection);
-    QTimer::singleShot(kFirstReportDelayMs, this,
+    QTimer::singleShot(NumericValueCheck::kFirstReportDelayMs, this,
                        &WidgetSetLocalDouble::recalculateValidationState);
 }
 
@@ -35,7 +26,8 @@ WidgetSetLocalDouble::~WidgetSetLocalDouble() = default;
 
 int WidgetSetLocalDouble::detectEditType() const
 {
-    return ui->m_poValueText->isEnabled() ? kEditValue : kEditLimits;
+    return ui->m_poValueText->isEnabled() ? NumericValueCheck::kEditValue
+                                          : NumericValueCheck::kEditLimits;
 }
 
 void WidgetSetLocalDouble::recalculateValidationState()
@@ -43,18 +35,9 @@ void WidgetSetLocalDouble::recalculateValidationState()
     const double minimum = ui->m_poMinValueText->value();
     const double maximum = ui->m_poMaxValueText->value();
     const double value = ui->m_poValueText->value();
-    bool valid = true;
-    QString message;
-    if (detectEditType() == kEditLimits) {
-        valid = !(minimum > maximum);
-        if (!valid)
-            message = QStringLiteral("Min value is greater than Max.");
-    } else {
-        valid = value >= minimum && maximum >= value;
-        if (!valid)
-            message = QStringLiteral("Value outside of range");
-    }
-    emit validationStateChanged(valid, message, true);
+    const NumericValueCheck::Verdict verdict
+        = NumericValueCheck::judge(detectEditType(), minimum, maximum, value);
+    emit validationStateChanged(verdict.valid, verdict.message, true);
 }
 
 } // namespace Editors

@@ -1,5 +1,6 @@
 #include "dialogs/widgetsetlocalint.h"
 
+#include "dialogs/numericvaluecheck.h"
 #include "ui_widgetsetlocalint.h"
 
 #include <QSignalBlocker>
@@ -7,16 +8,6 @@
 
 namespace PropertyBrowser {
 namespace Editors {
-
-namespace {
-
-// The first report waits until the caller has filled the fields.
-const int kFirstReportDelayMs = 10;
-
-const int kEditLimits = 1;
-const int kEditValue = 2;
-
-} // namespace
 
 WidgetSetLocalInt::WidgetSetLocalInt(QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)
@@ -32,14 +23,16 @@ WidgetSetLocalInt::WidgetSetLocalInt(QWidget* parent, Qt::WindowFlags flags)
             &WidgetSetLocalInt::recalculateValidationState);
     connect(ui->m_poMinValueText, &QLineEdit::textEdited, this,
             &WidgetSetLocalInt::recalculateValidationState);
-    QTimer::singleShot(kFirstReportDelayMs, this, &WidgetSetLocalInt::recalculateValidationState);
+    QTimer::singleShot(NumericValueCheck::kFirstReportDelayMs, this,
+                       &WidgetSetLocalInt::recalculateValidationState);
 }
 
 WidgetSetLocalInt::~WidgetSetLocalInt() = default;
 
 int WidgetSetLocalInt::detectEditType()
 {
-    return ui->m_poValue->isEnabled() ? kEditValue : kEditLimits;
+    return ui->m_poValue->isEnabled() ? NumericValueCheck::kEditValue
+                                      : NumericValueCheck::kEditLimits;
 }
 
 void WidgetSetLocalInt::onSliderMoved(int64_t value)
@@ -74,18 +67,9 @@ void WidgetSetLocalInt::recalculateValidationState()
     // While a field holds no number the last verdict stays in force.
     if (!minOk || !maxOk || !valueOk)
         return;
-    bool valid = true;
-    QString message;
-    if (detectEditType() == kEditLimits) {
-        valid = minimum <= maximum;
-        if (!valid)
-            message = QStringLiteral("Min value is greater than Max.");
-    } else {
-        valid = minimum <= value && value <= maximum;
-        if (!valid)
-            message = QStringLiteral("Value outside of range");
-    }
-    emit validationStateChanged(valid, message, true);
+    const NumericValueCheck::Verdict verdict
+        = NumericValueCheck::judge(detectEditType(), minimum, maximum, value);
+    emit validationStateChanged(verdict.valid, verdict.message, true);
 }
 
 void WidgetSetLocalInt::showSliderValue(int64_t value)

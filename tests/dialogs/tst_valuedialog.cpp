@@ -10,7 +10,6 @@
 #include "testsupport.h"
 
 #include <QTest>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -66,29 +65,20 @@ struct ValueDialog
         return nullptr;
     }
 
-    // Runs the dialog; @p steps runs inside its event loop and must end it.
-    int run(const std::function<void()>& steps)
+    // Runs the dialog with @p steps in its event loop; they are meant to end it, and the run
+    // tells whether they did. The dialog's result lands in result.
+    TestSupport::ModalRun run(const std::function<void()>& steps)
     {
-        QTimer::singleShot(0, &dialog, [this, steps] {
-            steps();
-            // A step that failed leaves the dialog open; it must not wait for a person.
-            if (dialog.isVisible())
-                dialog.reject();
-        });
-        return dialog.exec();
+        return TestSupport::runModal([this] { result = dialog.exec(); },
+                                     [&steps](QDialog&) { steps(); });
     }
 
     WidgetSetNode dialog;
     WidgetSetLocalInt* panel;
     WidgetSetDynamicGeneric* picker;
     std::vector<std::unique_ptr<DItem>> nodes;
+    int result = -1;
 };
-
-void retype(QLineEdit* field, const QString& text)
-{
-    field->selectAll();
-    QTest::keyClicks(field, text);
-}
 
 } // namespace
 
@@ -112,17 +102,18 @@ void TestValueDialog::manualValueAcceptedWithOk()
     bool okWhileInvalid = true;
     bool warningWhileInvalid = false;
     bool resetOnManualPage = true;
-    const int result = value.run([&] {
+    const TestSupport::ModalRun run = value.run([&] {
         QWidget* ok = value.dialog.ui->m_OKBtn;
         QTRY_VERIFY(value.dialog.ui->lblWarning->isHidden());
         resetOnManualPage = value.dialog.ui->m_ResetBtn->isVisible();
-        retype(value.panel->ui->m_poValue, QStringLiteral("140"));
+        TestSupport::retype(value.panel->ui->m_poValue, QStringLiteral("140"));
         okWhileInvalid = ok->isEnabled();
         warningWhileInvalid = value.dialog.ui->lblWarning->isVisible();
-        retype(value.panel->ui->m_poValue, QStringLiteral("60"));
+        TestSupport::retype(value.panel->ui->m_poValue, QStringLiteral("60"));
         QTest::mouseClick(ok, Qt::LeftButton);
     });
-    QCOMPARE(result, int(QDialog::Accepted));
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(value.result, int(QDialog::Accepted));
     QVERIFY(!okWhileInvalid);
     QVERIFY(warningWhileInvalid);
     QVERIFY(!resetOnManualPage);
@@ -137,7 +128,7 @@ void TestValueDialog::linkPickedAndAccepted()
     bool okWithoutTarget = true;
     bool resetWithoutTarget = true;
     bool okOnGroup = true;
-    const int result = value.run([&] {
+    const TestSupport::ModalRun run = value.run([&] {
         QTest::mouseClick(value.dialog.ui->rbDynamicValue, Qt::LeftButton);
         okWithoutTarget = value.dialog.ui->m_OKBtn->isEnabled();
         resetWithoutTarget = value.dialog.ui->m_ResetBtn->isEnabled();
@@ -152,7 +143,8 @@ void TestValueDialog::linkPickedAndAccepted()
                           tree->visualItemRect(target).center());
         QTest::mouseClick(value.dialog.ui->m_OKBtn, Qt::LeftButton);
     });
-    QCOMPARE(result, int(QDialog::Accepted));
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(value.result, int(QDialog::Accepted));
     QVERIFY(!okWithoutTarget);
     QVERIFY(!resetWithoutTarget);
     QVERIFY(!okOnGroup);
@@ -168,26 +160,27 @@ void TestValueDialog::linkClearedByReset()
     ValueDialog value(true, QStringLiteral("Job.Filter.Out"));
     bool okAtStart = false;
     bool resetAtStart = false;
-    const int result = value.run([&] {
+    const TestSupport::ModalRun run = value.run([&] {
         okAtStart = value.dialog.ui->m_OKBtn->isEnabled();
-        resetAtStart = value.dialog.ui->m_ResetBtn->isVisible()
-            && value.dialog.ui->m_ResetBtn->isEnabled();
+        resetAtStart
+            = value.dialog.ui->m_ResetBtn->isVisible() && value.dialog.ui->m_ResetBtn->isEnabled();
         QTest::mouseClick(value.dialog.ui->m_ResetBtn, Qt::LeftButton);
     });
     QVERIFY(okAtStart);
     QVERIFY(resetAtStart);
+    QVERIFY(run.shown && !run.leftOpen);
     // Reset accepts the dialog with no link selected: the caller drops the link.
-    QCOMPARE(result, int(QDialog::Accepted));
+    QCOMPARE(value.result, int(QDialog::Accepted));
     QVERIFY(value.picker->ui->m_poTreeWidget->selectedItems().isEmpty());
 }
 
 void TestValueDialog::cancelKeepsEverything()
 {
     ValueDialog value(true, QStringLiteral("Job.Camera.Out"));
-    const int result = value.run([&] {
-        QTest::mouseClick(value.dialog.ui->m_CancelBtn, Qt::LeftButton);
-    });
-    QCOMPARE(result, int(QDialog::Rejected));
+    const TestSupport::ModalRun run
+        = value.run([&] { QTest::mouseClick(value.dialog.ui->m_CancelBtn, Qt::LeftButton); });
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(value.result, int(QDialog::Rejected));
     QCOMPARE(value.picker->ui->m_poTreeWidget->selectedItems().size(), 1);
 }
 

@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 #include <QTranslator>
 #include <QTreeWidgetItemIterator>
 
@@ -118,6 +117,8 @@ private slots:
     void unknownOrShortPathSelectsNothing();
     void iconsGoByTheLastComponent();
     void namesAreTranslatedAndMergeWhenAlike();
+    void namesBeyondAsciiBuildTheTree_data();
+    void namesBeyondAsciiBuildTheTree();
     void resetClearsTheSelection();
     void doubleClickOnALeafAcceptsTheDialog();
     void treeGetsTheFocus();
@@ -146,8 +147,7 @@ void TestWidgetSetDynamicGeneric::emptyListSaysSoAndLinksNothing()
     auto* picker = new WidgetSetDynamicGeneric(&dialog);
     QSignalSpy linked(picker, &WidgetSetDynamicGeneric::nodeLinked);
     Nodes nodes;
-    picker->generateTree({{}, nodes.list({QStringLiteral("Job.A.B")})},
-                         QStringLiteral("Job.A.B"));
+    picker->generateTree({{}, nodes.list({QStringLiteral("Job.A.B")})}, QStringLiteral("Job.A.B"));
     QCOMPARE(linked.count(), 0);
     QTreeWidget* tree = picker->ui->m_poTreeWidget;
     QCOMPARE(outline(tree), QStringList {QStringLiteral("No linkable nodes found !")});
@@ -166,8 +166,8 @@ void TestWidgetSetDynamicGeneric::emptyNodePathMarksTheRoot()
     linkable.append(nodes.add(QString()));
     picker.generateTree({linkable, {}}, QString());
     QTreeWidget* tree = picker.ui->m_poTreeWidget;
-    QCOMPARE(outline(tree), (QStringList {QStringLiteral("No linkable nodes found !"),
-                                          QStringLiteral("  A")}));
+    QCOMPARE(outline(tree),
+             (QStringList {QStringLiteral("No linkable nodes found !"), QStringLiteral("  A")}));
     QVERIFY(!tree->isEnabled());
     QVERIFY(qobject_cast<ItemDelegateParentSelected*>(tree->itemDelegate()));
 }
@@ -176,8 +176,10 @@ void TestWidgetSetDynamicGeneric::withoutIconNodesNoIcons()
 {
     WidgetSetDynamicGeneric picker;
     Nodes nodes;
-    picker.generateTree({nodes.list({QStringLiteral("Job.A.B")}, QStringLiteral(":/images/cs_origin.svg")), {}},
-                        QString());
+    picker.generateTree(
+        {nodes.list({QStringLiteral("Job.A.B")}, QStringLiteral(":/images/cs_origin.svg")), {}},
+        QString());
+    QCOMPARE(outline(picker.ui->m_poTreeWidget), (QStringList {"Job", "  A", "    B"}));
     for (QTreeWidgetItemIterator it(picker.ui->m_poTreeWidget); *it; ++it)
         QVERIFY((*it)->icon(0).isNull());
 }
@@ -211,10 +213,10 @@ void TestWidgetSetDynamicGeneric::repeatedPathAddsNothing()
 {
     WidgetSetDynamicGeneric picker;
     Nodes nodes;
-    picker.generateTree(
-        {nodes.list({QStringLiteral("Job.A.B"), QStringLiteral("Job.A.B"), QStringLiteral("Job.A")}),
-         {}},
-        QString());
+    picker.generateTree({nodes.list({QStringLiteral("Job.A.B"), QStringLiteral("Job.A.B"),
+                                     QStringLiteral("Job.A")}),
+                         {}},
+                        QString());
     QCOMPARE(outline(picker.ui->m_poTreeWidget), (QStringList {"Job", "  A", "    B"}));
     // The same without the builder's index, through the plain operation.
     picker.createTree(QStringLiteral("Job.A.B"), picker.ui->m_poTreeWidget->topLevelItem(0));
@@ -248,9 +250,9 @@ void TestWidgetSetDynamicGeneric::selectionEnablesTheDialog()
     auto* picker = new WidgetSetDynamicGeneric(&dialog);
     QSignalSpy linked(picker, &WidgetSetDynamicGeneric::nodeLinked);
     Nodes nodes;
-    picker->generateTree({nodes.list({QStringLiteral("Job.A.Out"), QStringLiteral("Job.B.Out")}),
-                          {}},
-                         QStringLiteral("Job.B.Out"));
+    picker->generateTree(
+        {nodes.list({QStringLiteral("Job.A.Out"), QStringLiteral("Job.B.Out")}), {}},
+        QStringLiteral("Job.B.Out"));
     QCOMPARE(linked.count(), 1);
     QCOMPARE(linked.first().first().toBool(), true);
     QVERIFY(dialog.ui->m_OKBtn->isEnabled());
@@ -319,13 +321,62 @@ void TestWidgetSetDynamicGeneric::namesAreTranslatedAndMergeWhenAlike()
     QCoreApplication::installTranslator(&translator);
     WidgetSetDynamicGeneric picker;
     Nodes nodes;
-    picker.generateTree({nodes.list({QStringLiteral("Job.Camera.Out"), QStringLiteral("Job.Cam.X")}),
-                         {}},
-                        QStringLiteral("Job.Camera.Out"));
+    picker.generateTree(
+        {nodes.list({QStringLiteral("Job.Camera.Out"), QStringLiteral("Job.Cam.X")}), {}},
+        QStringLiteral("Job.Camera.Out"));
     QCoreApplication::removeTranslator(&translator);
     QCOMPARE(outline(picker.ui->m_poTreeWidget),
              (QStringList {"Job", "  Kamera", "    Ausgang", "    X"}));
     QCOMPARE(picker.ui->m_poTreeWidget->selectedItems().size(), 1);
+}
+
+void TestWidgetSetDynamicGeneric::namesBeyondAsciiBuildTheTree_data()
+{
+    QTest::addColumn<QStringList>("paths");
+    QTest::addColumn<QStringList>("expected");
+    // The tree shows a name beyond ASCII as its UTF-8 bytes read as Latin-1, which is what the
+    // host's catalogue of names is keyed by.
+    const auto shown = [](const char* utf8) {
+        return QString::fromLatin1(utf8);
+    };
+    QTest::newRow("umlaut leaf") << QStringList {QStringLiteral("Job.A.Größe")}
+                                 << QStringList {"Job", "  A", "    " + shown("Größe")};
+    QTest::newRow("umlaut group shared")
+        << QStringList {QStringLiteral("Job.Größe.X"), QStringLiteral("Job.Größe.Y")}
+        << QStringList {"Job", "  " + shown("Größe"), "    X", "    Y"};
+    QTest::newRow("sharp s repeated")
+        << QStringList {QStringLiteral("Job.Maß.Wert"), QStringLiteral("Job.Maß.Wert")}
+        << QStringList {"Job", "  " + shown("Maß"), "    Wert"};
+    QTest::newRow("deep and mixed")
+        << QStringList {QStringLiteral("Job.Ölstand.Übersicht.Äußeres"),
+                        QStringLiteral("Job.Ölstand.B"), QStringLiteral("Job.Ölstand.Übersicht.C")}
+        << QStringList {"Job",
+                        "  " + shown("Ölstand"),
+                        "    " + shown("Übersicht"),
+                        "      " + shown("Äußeres"),
+                        "      C",
+                        "    B"};
+    QTest::newRow("root") << QStringList {QStringLiteral("Jöb.A"), QStringLiteral("Jöb.ä")}
+                          << QStringList {shown("Jöb"), "  A", "  " + shown("ä")};
+}
+
+void TestWidgetSetDynamicGeneric::namesBeyondAsciiBuildTheTree()
+{
+    QFETCH(QStringList, paths);
+    QFETCH(QStringList, expected);
+    WidgetSetDynamicGeneric picker;
+    Nodes nodes;
+    picker.generateTree({nodes.list(paths), {}}, paths.first());
+    QTreeWidget* tree = picker.ui->m_poTreeWidget;
+    QCOMPARE(outline(tree), expected);
+    const QList<QTreeWidgetItem*> selected = tree->selectedItems();
+    QCOMPARE(selected.size(), 1);
+    QCOMPARE(selected.first()->data(0, Qt::UserRole).toString(), paths.first());
+    QCOMPARE(selected.first()->childCount(), 0);
+    // Without the builder's index, placing the same paths again finds every item.
+    for (const QString& path : qAsConst(paths))
+        picker.createTree(path, tree->topLevelItem(0));
+    QCOMPARE(outline(tree), expected);
 }
 
 void TestWidgetSetDynamicGeneric::resetClearsTheSelection()
@@ -338,8 +389,11 @@ void TestWidgetSetDynamicGeneric::resetClearsTheSelection()
                          QStringLiteral("Job.A.Out"));
     dialog.ui->rbDynamicValue->setChecked(true);
     QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
-    QTimer::singleShot(0, &dialog, [&dialog] { dialog.ui->m_ResetBtn->click(); });
-    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    int ended = -1;
+    const TestSupport::ModalRun run = TestSupport::runModal(
+        [&] { ended = dialog.exec(); }, [&dialog](QDialog&) { dialog.ui->m_ResetBtn->click(); });
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(ended, int(QDialog::Accepted));
     QVERIFY(picker->ui->m_poTreeWidget->selectedItems().isEmpty());
     QCOMPARE(picker->ui->m_poCbxDynamic->currentIndex(), -1);
 }
@@ -354,19 +408,20 @@ void TestWidgetSetDynamicGeneric::doubleClickOnALeafAcceptsTheDialog()
     picker->generateTree({nodes.list({QStringLiteral("Job.A.Out")}), {}}, QString());
     QTreeWidget* tree = picker->ui->m_poTreeWidget;
     bool groupKeptItOpen = false;
-    QTimer::singleShot(0, &dialog, [&] {
-        tree->expandAll();
-        doubleClick(tree, itemAt(tree, {"Job", "A"}));
-        groupKeptItOpen = dialog.isVisible();
-        // The double click folded the group; the leaf must be on screen again.
-        tree->expandAll();
-        QTreeWidgetItem* leaf = itemAt(tree, {"Job", "A", "Out"});
-        doubleClick(tree, leaf);
-        // Should the double click not end it, the test fails instead of waiting.
-        if (dialog.isVisible())
-            dialog.reject();
-    });
-    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    int ended = -1;
+    const TestSupport::ModalRun run
+        = TestSupport::runModal([&] { ended = dialog.exec(); },
+                                [&](QDialog&) {
+                                    tree->expandAll();
+                                    doubleClick(tree, itemAt(tree, {"Job", "A"}));
+                                    groupKeptItOpen = dialog.isVisible();
+                                    // The double click folded the group; the leaf must be on screen
+                                    // again.
+                                    tree->expandAll();
+                                    doubleClick(tree, itemAt(tree, {"Job", "A", "Out"}));
+                                });
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(ended, int(QDialog::Accepted));
     QVERIFY(groupKeptItOpen);
     QCOMPARE(tree->currentItem()->data(0, Qt::UserRole).toString(), QStringLiteral("Job.A.Out"));
 }

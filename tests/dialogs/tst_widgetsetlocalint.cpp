@@ -30,16 +30,6 @@ void fill(WidgetSetLocalInt& panel, qlonglong minimum, qlonglong maximum, qlongl
     panel.ui->m_poValue->setText(QString::number(value));
 }
 
-// Replaces the whole text of @p field by typing @p text, as the user does.
-void retype(QLineEdit* field, const QString& text)
-{
-    field->selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(field, Qt::Key_Backspace);
-    else
-        QTest::keyClicks(field, text);
-}
-
 } // namespace
 
 class TestWidgetSetLocalInt : public QObject
@@ -115,8 +105,8 @@ void TestWidgetSetLocalInt::valueChecks_data()
     QTest::newRow("equal limits, equal value") << 7LL << 7LL << "7" << true;
     QTest::newRow("equal limits, other value") << 7LL << 7LL << "8" << false;
     QTest::newRow("64-bit ends") << std::numeric_limits<qlonglong>::min()
-                                 << std::numeric_limits<qlonglong>::max()
-                                 << "9223372036854775807" << true;
+                                 << std::numeric_limits<qlonglong>::max() << "9223372036854775807"
+                                 << true;
 }
 
 void TestWidgetSetLocalInt::valueChecks()
@@ -128,12 +118,11 @@ void TestWidgetSetLocalInt::valueChecks()
     WidgetSetLocalInt panel;
     fill(panel, minimum, maximum, minimum, false);
     QSignalSpy reports(&panel, &WidgetSetLocalInt::validationStateChanged);
-    retype(panel.ui->m_poValue, typed);
+    TestSupport::retype(panel.ui->m_poValue, typed);
     QVERIFY(!reports.isEmpty());
     const QList<QVariant> last = reports.last();
     QCOMPARE(last.at(0).toBool(), valid);
-    QCOMPARE(last.at(1).toString(),
-             valid ? QString() : QStringLiteral("Value outside of range"));
+    QCOMPARE(last.at(1).toString(), valid ? QString() : QStringLiteral("Value outside of range"));
     QCOMPARE(last.at(2).toBool(), true);
 }
 
@@ -142,9 +131,12 @@ void TestWidgetSetLocalInt::limitChecks_data()
     QTest::addColumn<QString>("minimum");
     QTest::addColumn<QString>("maximum");
     QTest::addColumn<bool>("valid");
-    QTest::newRow("ordered") << "0" << "10" << true;
-    QTest::newRow("equal") << "5" << "5" << true;
-    QTest::newRow("crossed") << "11" << "10" << false;
+    QTest::newRow("ordered") << "0"
+                             << "10" << true;
+    QTest::newRow("equal") << "5"
+                           << "5" << true;
+    QTest::newRow("crossed") << "11"
+                             << "10" << false;
 }
 
 void TestWidgetSetLocalInt::limitChecks()
@@ -155,8 +147,8 @@ void TestWidgetSetLocalInt::limitChecks()
     WidgetSetLocalInt panel;
     fill(panel, 0, 10, 5, true);
     QSignalSpy reports(&panel, &WidgetSetLocalInt::validationStateChanged);
-    retype(panel.ui->m_poMaxValueText, maximum);
-    retype(panel.ui->m_poMinValueText, minimum);
+    TestSupport::retype(panel.ui->m_poMaxValueText, maximum);
+    TestSupport::retype(panel.ui->m_poMinValueText, minimum);
     QVERIFY(!reports.isEmpty());
     QCOMPARE(reports.last().at(0).toBool(), valid);
     QCOMPARE(reports.last().at(1).toString(),
@@ -171,10 +163,10 @@ void TestWidgetSetLocalInt::emptiedLimitSendsNoReport()
             &WidgetSetNode::onValidationResult);
     fill(*panel, 0, 10, 5, true);
     QSignalSpy reports(panel, &WidgetSetLocalInt::validationStateChanged);
-    retype(panel->ui->m_poMinValueText, QStringLiteral("20"));
+    TestSupport::retype(panel->ui->m_poMinValueText, QStringLiteral("20"));
     QCOMPARE(reports.count(), 2);
     QVERIFY(!dialog.ui->m_OKBtn->isEnabled());
-    retype(panel->ui->m_poMaxValueText, QString());
+    TestSupport::retype(panel->ui->m_poMaxValueText, QString());
     QCOMPARE(panel->ui->m_poMaxValueText->text(), QString());
     QCOMPARE(reports.count(), 2);
     QVERIFY(!dialog.ui->m_OKBtn->isEnabled());
@@ -185,7 +177,7 @@ void TestWidgetSetLocalInt::valueIsNotCheckedWhileLimitsAreEdited()
     WidgetSetLocalInt panel;
     fill(panel, 0, 100, 90, true);
     QSignalSpy reports(&panel, &WidgetSetLocalInt::validationStateChanged);
-    retype(panel.ui->m_poMaxValueText, QStringLiteral("50"));
+    TestSupport::retype(panel.ui->m_poMaxValueText, QStringLiteral("50"));
     QCOMPARE(reports.count(), 2);
     QCOMPARE(reports.last().at(0).toBool(), true);
 }
@@ -195,7 +187,7 @@ void TestWidgetSetLocalInt::typedValueMovesTheSlider()
     WidgetSetLocalInt panel;
     fill(panel, 0, 100, 10, false);
     QSignalSpy sliderValues(panel.ui->m_poSlider, &Int64Slider::valueChanged);
-    retype(panel.ui->m_poValue, QStringLiteral("42"));
+    TestSupport::retype(panel.ui->m_poValue, QStringLiteral("42"));
     QCOMPARE(panel.ui->m_poSlider->value(), 42L);
     // The slider moved silently: the text being typed is not written back.
     QCOMPARE(sliderValues.count(), 0);
@@ -207,7 +199,7 @@ void TestWidgetSetLocalInt::unreadableTypedValueMovesTheSliderToZero()
     WidgetSetLocalInt panel;
     fill(panel, -50, 50, 20, false);
     QSignalSpy reports(&panel, &WidgetSetLocalInt::validationStateChanged);
-    retype(panel.ui->m_poValue, QStringLiteral("1x"));
+    TestSupport::retype(panel.ui->m_poValue, QStringLiteral("1x"));
     QCOMPARE(panel.ui->m_poSlider->value(), 0L);
     QCOMPARE(panel.ui->m_poValue->text(), QStringLiteral("1x"));
     // Only the report for the "1" typed first came; the text that is no number sends none.
@@ -237,11 +229,11 @@ void TestWidgetSetLocalInt::reportDecidesTheDialogsOk()
     dialog.ui->rbLocalValue->setChecked(true);
     fill(*panel, 0, 10, 5, false);
     QTRY_VERIFY(dialog.ui->lblWarning->isHidden());
-    retype(panel->ui->m_poValue, QStringLiteral("12"));
+    TestSupport::retype(panel->ui->m_poValue, QStringLiteral("12"));
     QVERIFY(!dialog.ui->m_OKBtn->isEnabled());
     QVERIFY(!dialog.ui->lblWarning->isHidden());
     QCOMPARE(dialog.ui->lblWarning->toolTip(), QStringLiteral("Value outside of range"));
-    retype(panel->ui->m_poValue, QStringLiteral("9"));
+    TestSupport::retype(panel->ui->m_poValue, QStringLiteral("9"));
     QVERIFY(dialog.ui->m_OKBtn->isEnabled());
     QVERIFY(dialog.ui->lblWarning->isHidden());
 }
