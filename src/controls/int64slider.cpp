@@ -1,21 +1,10 @@
 #include "controls/int64slider.h"
 
-#include <QMetaType>
+#include "controls/int64typename.h"
+
 #include <QVBoxLayout>
 
 #include <algorithm>
-
-namespace {
-
-// Receivers connect to the signals by their written type name, and queued connections and
-// signal spies need that name known.
-void vRegisterInt64Name()
-{
-    static const int iType = qRegisterMetaType<int64_t>("int64_t");
-    Q_UNUSED(iType)
-}
-
-} // namespace
 
 Int64Slider::Int64Slider(QWidget* parent)
     : QWidget(parent)

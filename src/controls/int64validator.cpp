@@ -1,19 +1,8 @@
 #include "controls/int64validator.h"
 
-#include <QMetaType>
+#include "controls/int64typename.h"
 
 #include <limits>
-
-namespace {
-
-// Receivers and spies of bottomChanged and topChanged name the argument type as written.
-void vRegisterInt64Name()
-{
-    static const int iType = qRegisterMetaType<int64_t>("int64_t");
-    Q_UNUSED(iType)
-}
-
-} // namespace
 
 QChar digitToCLocale(QChar ch)
 {

@@ -8,6 +8,7 @@
 
 #include <QColor>
 #include <QFile>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPalette>
 #include <QTimer>
@@ -43,6 +44,10 @@ BaseEditor::~BaseEditor()
 {
     WTreePropertyBrowser::notifyPropEditorDestroyed(this);
     m_property = nullptr;
+    // QWidget takes the children down after the concrete editor is gone, and a focused input
+    // ends its editing on the way: nothing of that may reach the editor's slots any more.
+    for (QObject* child : children())
+        disconnect(child, nullptr, this, nullptr);
 }
 
 BaseEditor::Mode BaseEditor::mode() const
@@ -145,6 +150,31 @@ QString BaseEditor::commonStylesheet()
 void BaseEditor::keyPressEvent(QKeyEvent* event)
 {
     event->ignore();
+}
+
+QLocale BaseEditor::rowLocale(const WidgetProperty* row)
+{
+    // Built once, as the row builds its own: a locale made from a language allocates.
+    static const QLocale treeLocale(QLocale::English, QLocale::UnitedStates);
+    return row ? row->locale() : treeLocale;
+}
+
+void BaseEditor::layOutRow(QHBoxLayout& row, QWidget* values, int leftMargin)
+{
+    row.setContentsMargins(leftMargin, 0, 0, 0);
+    row.setSpacing(0);
+    row.addWidget(&m_linkLabel);
+    row.addWidget(values);
+    row.addWidget(&m_browseButton);
+}
+
+void BaseEditor::layOutRow(QHBoxLayout& row, QLayout* values)
+{
+    row.setContentsMargins(4, 0, 0, 0);
+    row.setSpacing(0);
+    row.addWidget(&m_linkLabel);
+    row.addLayout(values);
+    row.addWidget(&m_browseButton);
 }
 
 void BaseEditor::notifyCreation()

@@ -3,11 +3,14 @@
 
 #include <QIcon>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QString>
 #include <QWidget>
 
 class QColor;
+class QHBoxLayout;
+class QLayout;
 class QKeyEvent;
 
 namespace Script {
@@ -86,6 +89,14 @@ signals:
 protected:
     /// Leaves the key to the property tree.
     void keyPressEvent(QKeyEvent* event) override;
+    /// The locale in which @p row reads and writes numbers; a row that is gone still formats as
+    /// the tree does.
+    static QLocale rowLocale(const WidgetProperty* row);
+    /// Fills @p row, from left to right, with the link label, @p values and the browse button,
+    /// with no spacing and only a left margin of @p leftMargin.
+    void layOutRow(QHBoxLayout& row, QWidget* values, int leftMargin = 4);
+    /// The same with the value widgets in the layout @p values.
+    void layOutRow(QHBoxLayout& row, QLayout* values);
 
     WidgetProperty* m_property;
     EditorType m_editorType;

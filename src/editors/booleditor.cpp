@@ -30,11 +30,7 @@ BoolEditor::BoolEditor(QWidget* parent, WidgetProperty* property)
 {
     m_checkBox->setFocusPolicy(Qt::NoFocus);
 
-    m_rowLayout->setContentsMargins(4, 0, 0, 0);
-    m_rowLayout->setSpacing(0);
-    m_rowLayout->addWidget(&m_linkLabel);
-    m_rowLayout->addWidget(m_checkBox);
-    m_rowLayout->addWidget(&m_browseButton);
+    layOutRow(*m_rowLayout, m_checkBox);
 
     refreshEditorData();
 

@@ -48,21 +48,15 @@ DoubleEditor::DoubleEditor(QWidget* parent, WidgetProperty* property)
     m_spinBox->setReadOnly(m_limitsEditable);
     if (m_property)
         m_spinBox->setLocale(m_property->locale());
-    m_spinBox->setRange(-kLargest, kLargest);
     if (Managers::DoublePropertyManager* doubleManager = manager())
         m_spinBox->setDecimals(doubleManager->decimals(m_property));
 
-    m_rowLayout->setContentsMargins(4, 0, 0, 0);
-    m_rowLayout->setSpacing(0);
-    m_rowLayout->addWidget(&m_linkLabel);
-    m_rowLayout->addWidget(m_spinBox);
-    m_rowLayout->addWidget(&m_browseButton);
+    layOutRow(*m_rowLayout, m_spinBox);
 
     refreshEditorData();
 
     connect(&m_browseButton, &QPushButton::clicked, this, &DoubleEditor::vButtonClicked);
-    connect(m_spinBox, &QAbstractSpinBox::editingFinished, this,
-            &DoubleEditor::onEditingFinished);
+    connect(m_spinBox, &QAbstractSpinBox::editingFinished, this, &DoubleEditor::onEditingFinished);
     if (Managers::DoublePropertyManager* doubleManager = manager())
         connect(this, &BaseEditor::vLinkClicked, doubleManager,
                 &Managers::DoublePropertyManager::linkClicked, Qt::DirectConnection);
@@ -72,8 +66,6 @@ DoubleEditor::DoubleEditor(QWidget* parent, WidgetProperty* property)
     setLayout(m_rowLayout);
 }
 
-DoubleEditor::~DoubleEditor() = default;
-
 void DoubleEditor::showLinkWidget(QString path)
 {
     m_linkPath = path;
@@ -82,8 +74,9 @@ void DoubleEditor::showLinkWidget(QString path)
 
 Managers::DoublePropertyManager* DoubleEditor::manager() const
 {
-    return m_property ? dynamic_cast<Managers::DoublePropertyManager*>(m_property->propertyManager())
-                      : nullptr;
+    return m_property
+        ? dynamic_cast<Managers::DoublePropertyManager*>(m_property->propertyManager())
+        : nullptr;
 }
 
 void DoubleEditor::readData()
@@ -92,11 +85,12 @@ void DoubleEditor::readData()
     if (!doubleManager || !m_property->node)
         return;
     const Script::DItem& node = *m_property->node;
-    const double localValue =
-        m_property->variantToVal<double>(node.property("IDataNumeric.LocalValue"));
+    const double localValue
+        = m_property->variantToVal<double>(node.property("IDataNumeric.LocalValue"));
     const int ioType = node.ioType();
     // An output shows a value of its own only when its limits are what the user edits here.
-    if (ioType > Script::DItem::IoOutput || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
+    if (ioType > Script::DItem::IoOutput
+        || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
         return;
 
     m_value = localValue;
@@ -141,16 +135,19 @@ void DoubleEditor::vButtonClicked()
         return;
     const Script::DItem& node = *m_property->node;
     const bool linked = node.isLinked();
-    const double localValue =
-        m_property->variantToVal<double>(node.property("IDataNumeric.LocalValue"));
-    const double localMin = m_property->variantToVal<double>(node.property("IDataNumeric.LocalMin"));
-    const double localMax = m_property->variantToVal<double>(node.property("IDataNumeric.LocalMax"));
-    const double localStep =
-        m_property->variantToVal<double>(node.property("IDataNumeric.LocalStep"));
+    const double localValue
+        = m_property->variantToVal<double>(node.property("IDataNumeric.LocalValue"));
+    const double localMin
+        = m_property->variantToVal<double>(node.property("IDataNumeric.LocalMin"));
+    const double localMax
+        = m_property->variantToVal<double>(node.property("IDataNumeric.LocalMax"));
+    const double localStep
+        = m_property->variantToVal<double>(node.property("IDataNumeric.LocalStep"));
     const QString path = node.iDataPath();
     const int ioType = node.ioType();
     // Outputs have no value of their own to set; only their limits, when those are editable.
-    if (ioType > Script::DItem::IoOutput || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
+    if (ioType > Script::DItem::IoOutput
+        || (ioType == Script::DItem::IoOutput && !m_limitsEditable))
         return;
 
     ValueDialog valueDialog(*this, *m_property);
@@ -187,8 +184,8 @@ void DoubleEditor::vButtonClicked()
     panel.m_poStepText->setValue(localStep);
     panel.m_poStepText->setLocale(locale);
 
-    const std::pair<ScientificFormatDoubleSpinBox*, double> limitFields[] = {
-        {panel.m_poMinValueText, localMin}, {panel.m_poMaxValueText, localMax}};
+    const std::pair<ScientificFormatDoubleSpinBox*, double> limitFields[]
+        = {{panel.m_poMinValueText, localMin}, {panel.m_poMaxValueText, localMax}};
     for (const auto& field : limitFields) {
         field.first->setRange(-kLargest, kLargest);
         field.first->setDecimals(decimals);
@@ -202,9 +199,9 @@ void DoubleEditor::vButtonClicked()
 
     // Not a number lies outside every range.
     const bool inRange = localValue >= localMin && localValue <= localMax;
-    WidgetSetLocalAddOn::showEvaluation(
-        ok && ioType == Script::DItem::IoOutput && m_limitsEditable, *panel.m_poLblEvaluatedResult,
-        *panel.m_poWidgetLed, inRange);
+    WidgetSetLocalAddOn::showEvaluation(ok && ioType == Script::DItem::IoOutput && m_limitsEditable,
+                                        *panel.m_poLblEvaluatedResult, *panel.m_poWidgetLed,
+                                        inRange);
     WidgetSetLocalAddOn::showLinkedTo(node.property("IData.LinksToMe").toStringList(),
                                       *panel.m_poLblLinkedTo);
 

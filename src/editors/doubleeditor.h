@@ -34,7 +34,6 @@ class DoubleEditor : public BaseEditor
 public:
     /// Makes the editor of @p property, a row of the floating-point manager, in @p parent.
     DoubleEditor(QWidget* parent, WidgetProperty* property);
-    ~DoubleEditor() override;
 
     /// Opens the value dialog with @p path preselected on its link page.
     void showLinkWidget(QString path) override;

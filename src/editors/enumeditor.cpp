@@ -33,11 +33,8 @@ EnumEditor::EnumEditor(QWidget* parent, WidgetProperty* property, EditorType typ
     m_comboBox->setFocusPolicy(Qt::NoFocus);
     m_comboBox->view()->setTextElideMode(Qt::ElideRight);
 
-    m_rowLayout->setContentsMargins(0, 0, 0, 0);
-    m_rowLayout->setSpacing(0);
-    m_rowLayout->addWidget(&m_linkLabel);
-    m_rowLayout->addWidget(m_comboBox);
-    m_rowLayout->addWidget(&m_browseButton);
+    // The combo box starts at the cell's left edge: no margin in a choice row.
+    layOutRow(*m_rowLayout, m_comboBox, 0);
 
     refreshEditorData();
 
@@ -83,8 +80,7 @@ void EnumEditor::readData()
         return;
     const Script::DItem& node = *m_property->node;
     // The manager keeps no list of its own; the editor hands it the node's, also for an output.
-    enumManager->setEnumNames(m_property,
-                              node.property("IDataBasicEnum.EnumList").toStringList());
+    enumManager->setEnumNames(m_property, node.property("IDataBasicEnum.EnumList").toStringList());
     if (node.ioType() > Script::DItem::IoInput)
         return;
 

@@ -18,17 +18,6 @@
 namespace PropertyBrowser {
 namespace Editors {
 
-namespace {
-
-// Numbers in the property tree read and write alike whatever the system locale; a row that is
-// gone still formats as the tree does.
-QLocale rowLocale(const WidgetProperty* row)
-{
-    return row ? row->locale() : QLocale(QLocale::English, QLocale::UnitedStates);
-}
-
-} // namespace
-
 Int64Editor::Int64Editor(QWidget* parent, WidgetProperty* property)
     : BaseEditor(parent, property, TypeInt)
     , m_propertyManager(
@@ -66,11 +55,7 @@ Int64Editor::Int64Editor(QWidget* parent, WidgetProperty* property)
     m_valueLayout->addWidget(m_lineEdit);
     m_valueLayout->addWidget(m_slider);
 
-    m_rowLayout->setContentsMargins(4, 0, 0, 0);
-    m_rowLayout->setSpacing(0);
-    m_rowLayout->addWidget(&m_linkLabel);
-    m_rowLayout->addLayout(m_valueLayout);
-    m_rowLayout->addWidget(&m_browseButton);
+    layOutRow(*m_rowLayout, m_valueLayout);
 
     refreshEditorData();
 
@@ -88,14 +73,6 @@ Int64Editor::Int64Editor(QWidget* parent, WidgetProperty* property)
     setObjectName(QStringLiteral("Int64PropertyEditor"));
     setFocusProxy(m_lineEdit);
     setLayout(m_rowLayout);
-}
-
-Int64Editor::~Int64Editor()
-{
-    // The base class takes the children down after this class is gone, and the text loses the
-    // focus on the way: its end of editing must not reach this editor any more.
-    disconnect(m_lineEdit, nullptr, this, nullptr);
-    disconnect(m_slider, nullptr, this, nullptr);
 }
 
 void Int64Editor::showLinkWidget(QString path)
@@ -134,7 +111,9 @@ void Int64Editor::readData()
     // With editable limits the row only shows the value; the dialog edits the limits.
     m_lineEdit->setReadOnly(m_limitsEditable);
     m_lineEdit->setEnabled(!m_limitsEditable);
-    if (auto* validator = m_lineEdit->findChild<Int64Validator*>())
+    // The validator is the one that the constructor gave the line edit, which hands it out const.
+    if (auto* validator
+        = qobject_cast<Int64Validator*>(const_cast<QValidator*>(m_lineEdit->validator())))
         validator->setRange(m_minimum, m_maximum);
 
     m_browseButton.setEnabled(true);
@@ -173,8 +152,7 @@ void Int64Editor::vButtonClicked()
     bool ok = false;
     WidgetSetLocalInt* panel = IntegerValuePage::create(
         valueDialog, *this, *m_property, {value, minimum, maximum, step}, m_limitsEditable,
-        std::numeric_limits<long long>::min(),
-        std::numeric_limits<long long>::max(), ok);
+        std::numeric_limits<long long>::min(), std::numeric_limits<long long>::max(), ok);
     Ui_WidgetSetLocalInt& fields = *panel->ui;
 
     emit manager->refreshData(path);

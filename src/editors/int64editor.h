@@ -33,7 +33,6 @@ class Int64Editor : public BaseEditor
 public:
     /// Makes the editor of @p property in @p parent and reads the node.
     Int64Editor(QWidget* parent, WidgetProperty* property);
-    ~Int64Editor() override;
 
     /// Opens the value dialog with @p path preselected on its link page.
     void showLinkWidget(QString path) override;

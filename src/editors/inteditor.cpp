@@ -22,17 +22,6 @@
 namespace PropertyBrowser {
 namespace Editors {
 
-namespace {
-
-// Numbers in the property tree read and write alike whatever the system locale; a row that is
-// gone still formats as the tree does.
-QLocale rowLocale(const WidgetProperty* row)
-{
-    return row ? row->locale() : QLocale(QLocale::English, QLocale::UnitedStates);
-}
-
-} // namespace
-
 IntEditor::IntEditor(QWidget* parent, WidgetProperty* property)
     : BaseEditor(parent, property, TypeInt)
     , m_rowLayout(new QHBoxLayout)
@@ -68,11 +57,7 @@ IntEditor::IntEditor(QWidget* parent, WidgetProperty* property)
     m_valueLayout->addWidget(m_lineEdit);
     m_valueLayout->addWidget(m_slider);
 
-    m_rowLayout->setContentsMargins(4, 0, 0, 0);
-    m_rowLayout->setSpacing(0);
-    m_rowLayout->addWidget(&m_linkLabel);
-    m_rowLayout->addLayout(m_valueLayout);
-    m_rowLayout->addWidget(&m_browseButton);
+    layOutRow(*m_rowLayout, m_valueLayout);
 
     refreshEditorData();
 
@@ -92,14 +77,6 @@ IntEditor::IntEditor(QWidget* parent, WidgetProperty* property)
     setLayout(m_rowLayout);
 }
 
-IntEditor::~IntEditor()
-{
-    // The base class takes the children down after this class is gone, and the text loses the
-    // focus on the way: its end of editing must not reach this editor any more.
-    disconnect(m_lineEdit, nullptr, this, nullptr);
-    disconnect(m_slider, nullptr, this, nullptr);
-}
-
 void IntEditor::showLinkWidget(QString path)
 {
     m_linkPath = path;
@@ -108,7 +85,9 @@ void IntEditor::showLinkWidget(QString path)
 
 int IntEditor::snapped(int value) const
 {
-    // Wide enough that no distance within the 32-bit range overflows.
+    // Wide enough that no distance within the 32-bit range overflows. The row's slider snaps
+    // the same way in 32 bits, where distances across more than half the range wrap; a number
+    // typed here is taken exactly instead.
     const long long minimum = m_minimum;
     const long long maximum = m_maximum;
     const long long step = m_singleStep;
@@ -167,7 +146,9 @@ void IntEditor::readData()
     // With editable limits the row only shows the value; the dialog edits the limits.
     m_lineEdit->setReadOnly(m_limitsEditable);
     m_lineEdit->setEnabled(!m_limitsEditable);
-    if (auto* validator = m_lineEdit->findChild<Int64Validator*>())
+    // The validator is the one that the constructor gave the line edit, which hands it out const.
+    if (auto* validator
+        = qobject_cast<Int64Validator*>(const_cast<QValidator*>(m_lineEdit->validator())))
         validator->setRange(m_minimum, m_maximum);
 }
 

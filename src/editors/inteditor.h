@@ -29,7 +29,6 @@ class IntEditor : public BaseEditor
 public:
     /// Makes the editor of @p property in @p parent and reads the node.
     IntEditor(QWidget* parent, WidgetProperty* property);
-    ~IntEditor() override;
 
     /// Opens the value dialog with @p path preselected on its link page.
     void showLinkWidget(QString path) override;

@@ -29,9 +29,8 @@ WidgetSetLocalInt* IntegerValuePage::create(ValueDialog& run, BaseEditor& editor
     Ui_WidgetSetLocalInt& fields = *panel->ui;
     fields.m_poSlider->setMinimum(numbers.minimum);
     fields.m_poSlider->setMaximum(numbers.maximum);
-    fields.m_poSlider->setValue(numbers.value);
     fields.m_poSlider->setSingleStep(numbers.step);
-    // A new step keeps the slider's position, not its value, so the value is set once more.
+    // The value goes in last: a new step keeps the slider's position, not its value.
     fields.m_poSlider->setValue(numbers.value);
     fields.m_poSlider->setEnabled(!limitsEditable);
     fields.m_poSlider->setVisible(ok);
@@ -44,10 +43,9 @@ WidgetSetLocalInt* IntegerValuePage::create(ValueDialog& run, BaseEditor& editor
     fields.m_poLblActualValue->setText(tr("Actual") + suffix);
 
     const QLocale locale = row.locale();
-    for (const auto& [field, limit] : {std::pair<QLineEdit*, long long>(fields.m_poMinValueText,
-                                                                         numbers.minimum),
-                                       std::pair<QLineEdit*, long long>(fields.m_poMaxValueText,
-                                                                         numbers.maximum)}) {
+    for (const auto& [field, limit] :
+         {std::pair<QLineEdit*, long long>(fields.m_poMinValueText, numbers.minimum),
+          std::pair<QLineEdit*, long long>(fields.m_poMaxValueText, numbers.maximum)}) {
         field->setText(QString::number(limit, 10));
         field->setLocale(locale);
         auto* validator = new Int64Validator(limitBottom, limitTop, field);

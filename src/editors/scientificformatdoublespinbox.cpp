@@ -41,11 +41,10 @@ void ScientificFormatDoubleSpinBox::setupValidator() const
 
 QString ScientificFormatDoubleSpinBox::textFromValue(double value) const
 {
-    QString text = QDoubleSpinBox::textFromValue(value);
     // Beyond eight integer digits the plain text no longer fits an editor cell.
     if (std::fabs(value) > m_scientificThreshold)
-        text = locale().toString(value, 'e', 4);
-    return text;
+        return locale().toString(value, 'e', 4);
+    return QDoubleSpinBox::textFromValue(value);
 }
 
 double ScientificFormatDoubleSpinBox::valueFromText(const QString& text) const

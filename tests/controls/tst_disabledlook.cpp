@@ -4,13 +4,16 @@
 
 #include "testsupport.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QSpinBox>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
@@ -35,6 +38,80 @@ public:
     }
 
     mutable QList<QStyle::State> m_lStates;
+};
+
+// A base style that answers the operations that take an option without looking at it, so that
+// a null option can reach it, and notes each call with whether an option came along.
+class AnsweringStyle : public QProxyStyle
+{
+public:
+    static constexpr QRect kRect = QRect(1, 2, 3, 4);
+
+    AnsweringStyle()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    { }
+
+    void drawPrimitive(PrimitiveElement, const QStyleOption* option, QPainter*,
+                       const QWidget*) const override
+    {
+        note("drawPrimitive", option);
+    }
+
+    void drawControl(ControlElement, const QStyleOption* option, QPainter*,
+                     const QWidget*) const override
+    {
+        note("drawControl", option);
+    }
+
+    QRect subElementRect(SubElement, const QStyleOption* option, const QWidget*) const override
+    {
+        note("subElementRect", option);
+        return kRect;
+    }
+
+    void drawComplexControl(ComplexControl, const QStyleOptionComplex* option, QPainter*,
+                            const QWidget*) const override
+    {
+        note("drawComplexControl", option);
+    }
+
+    SubControl hitTestComplexControl(ComplexControl, const QStyleOptionComplex* option,
+                                     const QPoint&, const QWidget*) const override
+    {
+        note("hitTestComplexControl", option);
+        return SC_SliderHandle;
+    }
+
+    QRect subControlRect(ComplexControl, const QStyleOptionComplex* option, SubControl,
+                         const QWidget*) const override
+    {
+        note("subControlRect", option);
+        return kRect;
+    }
+
+    QSize sizeFromContents(ContentsType, const QStyleOption* option, const QSize& contentsSize,
+                           const QWidget*) const override
+    {
+        note("sizeFromContents", option);
+        return contentsSize + QSize(3, 5);
+    }
+
+    mutable QStringList m_lCalls;
+
+private:
+    void note(const char* operation, const QStyleOption* option) const
+    {
+        m_lCalls << QString::fromLatin1(operation)
+                + (option ? QStringLiteral(" with an option") : QStringLiteral(" without one"));
+    }
+};
+
+// A spin box whose style option can be built as it builds it.
+class ProbeSpinBox : public QSpinBox
+{
+public:
+    using QSpinBox::initStyleOption;
+    using QSpinBox::QSpinBox;
 };
 
 } // namespace
@@ -115,6 +192,45 @@ private slots:
             break;
         }
         }
+    }
+
+    void nullOptionsReachTheBase_data()
+    {
+        QTest::addColumn<QString>("operation");
+        for (const char* operation :
+             {"drawPrimitive", "drawControl", "subElementRect", "drawComplexControl",
+              "hitTestComplexControl", "subControlRect", "sizeFromContents"})
+            QTest::newRow(operation) << QString::fromLatin1(operation);
+    }
+
+    void nullOptionsReachTheBase()
+    {
+        QFETCH(QString, operation);
+        auto* base = new AnsweringStyle;
+        DisabledLookStyle style(base);
+        QImage image(8, 8, QImage::Format_ARGB32);
+        QPainter painter(&image);
+        if (operation == QLatin1String("drawPrimitive")) {
+            style.drawPrimitive(QStyle::PE_FrameFocusRect, nullptr, &painter);
+        } else if (operation == QLatin1String("drawControl")) {
+            style.drawControl(QStyle::CE_PushButton, nullptr, &painter);
+        } else if (operation == QLatin1String("subElementRect")) {
+            QCOMPARE(style.subElementRect(QStyle::SE_PushButtonContents, nullptr, nullptr),
+                     AnsweringStyle::kRect);
+        } else if (operation == QLatin1String("drawComplexControl")) {
+            style.drawComplexControl(QStyle::CC_Slider, nullptr, &painter);
+        } else if (operation == QLatin1String("hitTestComplexControl")) {
+            QCOMPARE(style.hitTestComplexControl(QStyle::CC_Slider, nullptr, QPoint(1, 1)),
+                     QStyle::SC_SliderHandle);
+        } else if (operation == QLatin1String("subControlRect")) {
+            QCOMPARE(
+                style.subControlRect(QStyle::CC_Slider, nullptr, QStyle::SC_SliderGroove, nullptr),
+                AnsweringStyle::kRect);
+        } else {
+            QCOMPARE(style.sizeFromContents(QStyle::CT_PushButton, nullptr, QSize(10, 20), nullptr),
+                     QSize(13, 25));
+        }
+        QCOMPARE(base->m_lCalls, QStringList(operation + QStringLiteral(" without one")));
     }
 
     void drawsEnabledWidgetAsDisabled()
@@ -209,6 +325,50 @@ private slots:
         QCOMPARE(clicked.count(), 1);
         QTest::keyClicks(edit, QStringLiteral("abc"));
         QCOMPARE(edit->text(), QStringLiteral("abc"));
+    }
+
+    void styledControlsKeepWorking()
+    {
+        DisabledLookStyle style(nullptr);
+        QWidget window;
+        auto* slider = new QSlider(Qt::Horizontal, &window);
+        slider->setGeometry(0, 0, 200, 30);
+        slider->setRange(0, 100);
+        slider->setPageStep(10);
+        auto* spinBox = new ProbeSpinBox(&window);
+        spinBox->setGeometry(0, 40, 120, 30);
+        spinBox->setRange(0, 100);
+        spinBox->setValue(5);
+        auto* comboBox = new QComboBox(&window);
+        comboBox->setGeometry(0, 80, 120, 30);
+        comboBox->addItems({QStringLiteral("Off"), QStringLiteral("On")});
+        ::forceStyle(&window, QApplication::palette(), &style, true);
+        window.resize(220, 120);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+
+        // A click in the groove, right of the handle, moves the handle that way.
+        QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(190, 15));
+        const int clicked = slider->value();
+        QVERIFY(clicked > 0);
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(slider->value(), clicked + 1);
+
+        QStyleOptionSpinBox option;
+        spinBox->initStyleOption(&option);
+        const QRect up = spinBox->style()->subControlRect(QStyle::CC_SpinBox, &option,
+                                                          QStyle::SC_SpinBoxUp, spinBox);
+        QVERIFY(!up.isEmpty());
+        QTest::mouseClick(spinBox, Qt::LeftButton, {}, up.center());
+        QCOMPARE(spinBox->value(), 6);
+
+        // The offscreen platform says so when a popup asks for the keyboard; that is no fault here.
+        TestSupport::expectWarning(QRegularExpression(
+            QStringLiteral("^This plugin does not support grabbing the keyboard")));
+        QTest::mouseClick(comboBox, Qt::LeftButton);
+        QTRY_VERIFY(comboBox->view()->isVisible());
+        comboBox->hidePopup();
+        QTRY_VERIFY(!comboBox->view()->isVisible());
     }
 
     void forceStyleOnTree_data()

@@ -1,13 +1,11 @@
 #include "controls/int64slider.h"
 
+#include "fixedsliderstyle.h"
 #include "testsupport.h"
 
 #include <QApplication>
 #include <QLayout>
-#include <QProxyStyle>
 #include <QSignalSpy>
-#include <QSpontaneKeyEvent>
-#include <QStyleFactory>
 #include <QStyleOptionSlider>
 #include <QTest>
 
@@ -20,34 +18,6 @@ const long kLowest = std::numeric_limits<long>::min();
 const long kHighest = std::numeric_limits<long>::max();
 const int kIntLowest = std::numeric_limits<int>::min();
 const int kIntHighest = std::numeric_limits<int>::max();
-
-// A style with a known slider geometry: the groove begins at pixel 10, the handle is 11 pixels
-// long and travels 500 pixels, so a slider of 500 positions moves one position per pixel.
-class FixedSliderStyle : public QProxyStyle
-{
-public:
-    FixedSliderStyle()
-        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
-    { }
-
-    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                         SubControl sub, const QWidget* widget) const override
-    {
-        const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
-        if (control != CC_Slider || !slider || slider->orientation != Qt::Horizontal)
-            return QProxyStyle::subControlRect(control, option, sub, widget);
-        const int thickness = slider->rect.height();
-        if (sub == SC_SliderGroove)
-            return QRect(10, 0, 511, thickness);
-        if (sub == SC_SliderHandle)
-            return QRect(10
-                             + sliderPositionFromValue(slider->minimum, slider->maximum,
-                                                       slider->sliderPosition, 500,
-                                                       slider->upsideDown),
-                         0, 11, thickness);
-        return QProxyStyle::subControlRect(control, option, sub, widget);
-    }
-};
 
 // Takes the signals by the type name that the header writes, as the editors do.
 class Receiver : public QObject
@@ -77,23 +47,7 @@ Values values(const QSignalSpy& spy)
 bool sendMouse(QWidget* widget, QEvent::Type type, int x, Qt::MouseButton button,
                Qt::MouseButtons buttons)
 {
-    const QPoint pos(x, widget->height() / 2);
-    QMouseEvent ev(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    // As QTest does: a spontaneous event through notify(), which sendEvent() would reset.
-    QSpontaneKeyEvent::setSpontaneous(&ev);
-    qApp->notify(widget, &ev);
-    return ev.isAccepted();
-}
-
-bool sendWheel(QWidget* widget, QPoint angle)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent ev(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), angle, Qt::NoButton,
-                   Qt::NoModifier, Qt::NoScrollPhase, false);
-    // As QTest does: a spontaneous event through notify(), which sendEvent() would reset.
-    QSpontaneKeyEvent::setSpontaneous(&ev);
-    qApp->notify(widget, &ev);
-    return ev.isAccepted();
+    return TestSupport::sendMouse(widget, type, QPoint(x, widget->height() / 2), button, buttons);
 }
 
 WSlider* inner(Int64Slider& slider)
@@ -170,33 +124,32 @@ private slots:
         QTest::addColumn<int>("position");
         QTest::addColumn<long>("back");
         QTest::newRow("0 to 100") << 0L << 100L << 1L << -2147483548 << 37L << -2147483611 << 37L;
-        QTest::newRow("0 to 10, bottom") << 0L << 10L << 1L << -2147483638 << 0L << kIntLowest
-                                         << 0L;
-        QTest::newRow("0 to 10, top") << 0L << 10L << 1L << -2147483638 << 10L << -2147483638
-                                      << 10L;
+        QTest::newRow("0 to 10, bottom")
+            << 0L << 10L << 1L << -2147483638 << 0L << kIntLowest << 0L;
+        QTest::newRow("0 to 10, top")
+            << 0L << 10L << 1L << -2147483638 << 10L << -2147483638 << 10L;
         QTest::newRow("0 to 10 by 3, between steps")
             << 0L << 10L << 3L << -2147483644 << 7L << -2147483645 << 9L;
-        QTest::newRow("0 to 10 by 3, top") << 0L << 10L << 3L << -2147483644 << 10L << -2147483644
-                                           << 10L;
+        QTest::newRow("0 to 10 by 3, top")
+            << 0L << 10L << 3L << -2147483644 << 10L << -2147483644 << 10L;
         QTest::newRow("-5 to 5 by 2") << -5L << 5L << 2L << -2147483643 << 0L << -2147483645 << 1L;
-        QTest::newRow("2^32") << 0L << 4294967296L << 1L << kIntHighest << 3L << -2147483647
-                              << 2L;
-        QTest::newRow("2^40, inside") << 0L << 1099511627776L << 1L << kIntHighest
-                                      << 1000000000000L << 1743566935 << 999999999831L;
+        QTest::newRow("2^32") << 0L << 4294967296L << 1L << kIntHighest << 3L << -2147483647 << 2L;
+        QTest::newRow("2^40, inside") << 0L << 1099511627776L << 1L << kIntHighest << 1000000000000L
+                                      << 1743566935 << 999999999831L;
         QTest::newRow("2^40, top") << 0L << 1099511627776L << 1L << kIntHighest << 1099511627776L
                                    << 2130771712 << 1099511627520L;
         QTest::newRow("2^40, below the bottom jumps to the end")
             << 0L << 1099511627776L << 1L << kIntHighest << -1L << kIntHighest << 1099511627776L;
-        QTest::newRow("whole range, 0") << kLowest << kHighest << 1L << kIntHighest << 0L << -1
-                                        << -2147483648L;
+        QTest::newRow("whole range, 0")
+            << kLowest << kHighest << 1L << kIntHighest << 0L << -1 << -2147483648L;
         QTest::newRow("whole range, lowest")
             << kLowest << kHighest << 1L << kIntHighest << kLowest << kIntLowest << kLowest;
         // The top of the slider reads as the bottom of the range.
         QTest::newRow("whole range, highest")
             << kLowest << kHighest << 1L << kIntHighest << kHighest << kIntHighest << kLowest;
         QTest::newRow("one point") << 5L << 5L << 1L << kIntLowest << 1000L << kIntLowest << 5L;
-        QTest::newRow("above the top clamps") << 0L << 10L << 1L << -2147483638 << 50L
-                                              << -2147483638 << 10L;
+        QTest::newRow("above the top clamps")
+            << 0L << 10L << 1L << -2147483638 << 50L << -2147483638 << 10L;
     }
 
     void rangesAndRoundTrips()
@@ -342,8 +295,8 @@ private slots:
         Receiver queued;
         QVERIFY(connect(&slider, SIGNAL(valueChanged(int64_t)), &direct,
                         SLOT(onSliderValueChanged(int64_t))));
-        QVERIFY(connect(&slider, SIGNAL(sliderMoved(int64_t)), &direct,
-                        SLOT(onSliderMoved(int64_t))));
+        QVERIFY(
+            connect(&slider, SIGNAL(sliderMoved(int64_t)), &direct, SLOT(onSliderMoved(int64_t))));
         QVERIFY(connect(&slider, SIGNAL(valueChanged(int64_t)), &queued,
                         SLOT(onSliderValueChanged(int64_t)), Qt::QueuedConnection));
         QVERIFY(connect(&slider, SIGNAL(sliderMoved(int64_t)), &queued,
@@ -417,8 +370,8 @@ private slots:
         QSignalSpy moved(&slider, &Int64Slider::sliderMoved);
         WSlider* wrapped = inner(slider);
         for (int x : {5, 150, 295}) {
-            QVERIFY(!sendMouse(wrapped, QEvent::MouseButtonPress, x, Qt::LeftButton,
-                               Qt::LeftButton));
+            QVERIFY(
+                !sendMouse(wrapped, QEvent::MouseButtonPress, x, Qt::LeftButton, Qt::LeftButton));
             QVERIFY(!sendMouse(wrapped, QEvent::MouseButtonPress, x, Qt::MiddleButton,
                                Qt::MiddleButton));
         }
@@ -440,7 +393,7 @@ private slots:
         QSignalSpy changed(&slider, &Int64Slider::valueChanged);
         QSignalSpy moved(&slider, &Int64Slider::sliderMoved);
         // In this range one widget step is 257 values.
-        QVERIFY(sendWheel(inner(slider), QPoint(0, 120)));
+        QVERIFY(TestSupport::sendWheel(inner(slider), 120));
         QCOMPARE(slider.value(), 257L);
         QTest::keyClick(inner(slider), Qt::Key_PageUp);
         QCOMPARE(slider.value(), 514L);

@@ -1,12 +1,10 @@
 #include "controls/wslider.h"
 
+#include "fixedsliderstyle.h"
 #include "testsupport.h"
 
 #include <QApplication>
-#include <QProxyStyle>
 #include <QSignalSpy>
-#include <QSpontaneKeyEvent>
-#include <QStyleFactory>
 #include <QStyleOptionSlider>
 #include <QTest>
 
@@ -15,51 +13,13 @@
 
 namespace {
 
-// A style with a known slider geometry, so that pixel positions have exact values: the groove
-// begins at pixel 10 and is 511 pixels long, the handle is 11 pixels long, which leaves a
-// travel of 500 pixels. A range of 500 then moves one value per pixel.
-class FixedSliderStyle : public QProxyStyle
-{
-public:
-    static constexpr int kGrooveStart = 10;
-    static constexpr int kTravel = 500;
-    static constexpr int kHandle = 11;
-
-    FixedSliderStyle()
-        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
-    { }
-
-    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                         SubControl sub, const QWidget* widget) const override
-    {
-        const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
-        if (control != CC_Slider || !slider)
-            return QProxyStyle::subControlRect(control, option, sub, widget);
-        const bool horizontal = slider->orientation == Qt::Horizontal;
-        const int thickness = horizontal ? slider->rect.height() : slider->rect.width();
-        auto along = [horizontal, thickness](int start, int length) {
-            return horizontal ? QRect(start, 0, length, thickness)
-                              : QRect(0, start, thickness, length);
-        };
-        if (sub == SC_SliderGroove)
-            return along(kGrooveStart, kTravel + kHandle);
-        if (sub == SC_SliderHandle)
-            return along(kGrooveStart
-                             + sliderPositionFromValue(slider->minimum, slider->maximum,
-                                                       slider->sliderPosition, kTravel,
-                                                       slider->upsideDown),
-                         kHandle);
-        return QProxyStyle::subControlRect(control, option, sub, widget);
-    }
-};
-
 // The slider under test with its style option in reach.
 class ProbeSlider : public WSlider
 {
 public:
-    using WSlider::WSlider;
-    using QSlider::initStyleOption;
     using QAbstractSlider::repeatAction;
+    using QSlider::initStyleOption;
+    using WSlider::WSlider;
 
     QRect handleRect()
     {
@@ -94,12 +54,7 @@ protected:
 bool sendMouse(QWidget* widget, QEvent::Type type, int x, Qt::MouseButton button,
                Qt::MouseButtons buttons, int y = 15)
 {
-    const QPoint pos(x, y);
-    QMouseEvent ev(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    // As QTest does: a spontaneous event through notify(), which sendEvent() would reset.
-    QSpontaneKeyEvent::setSpontaneous(&ev);
-    qApp->notify(widget, &ev);
-    return ev.isAccepted();
+    return TestSupport::sendMouse(widget, type, QPoint(x, y), button, buttons);
 }
 
 bool moveWith(QWidget* widget, int x, Qt::MouseButtons held)
@@ -109,17 +64,6 @@ bool moveWith(QWidget* widget, int x, Qt::MouseButtons held)
 
 // Turns the wheel over @p widget; the event comes as from the window system, so that an
 // ignored one travels on to the parent.
-bool sendWheel(QWidget* widget, QPoint angle)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent ev(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), angle, Qt::NoButton,
-                   Qt::NoModifier, Qt::NoScrollPhase, false);
-    // As QTest does: a spontaneous event through notify(), which sendEvent() would reset.
-    QSpontaneKeyEvent::setSpontaneous(&ev);
-    qApp->notify(widget, &ev);
-    return ev.isAccepted();
-}
-
 // A shown horizontal slider of the fixed geometry over 0 to 500.
 struct Fixture
 {
@@ -225,8 +169,7 @@ private slots:
         // Across 0 the two halves snap on different grids: from the minimum above 0, from the
         // maximum below it.
         QTest::newRow("across 0, positive") << h << false << -249 << 251 << 7 << 359 << 100 << 94;
-        QTest::newRow("across 0, negative")
-            << h << false << -249 << 251 << 7 << 159 << -100 << -99;
+        QTest::newRow("across 0, negative") << h << false << -249 << 251 << 7 << 159 << -100 << -99;
         QTest::newRow("across 0, zero") << h << false << -249 << 251 << 7 << 259 << 0 << -4;
         QTest::newRow("negative range") << h << false << -1000 << -500 << 30 << 260 << -750 << -740;
         QTest::newRow("negative range, near the minimum")
@@ -248,10 +191,10 @@ private slots:
             << h << false << lowest << highest << 3 << 261 << 8589934 << 8589935;
         QTest::newRow("whole range, step 3 below 0")
             << h << false << lowest << highest << 3 << 259 << -8589935 << -8589936;
-        QTest::newRow("whole range, start") << h << false << lowest << highest << 3 << 10
-                                            << lowest << lowest;
-        QTest::newRow("whole range, end") << h << false << lowest << highest << 3 << 510
-                                          << highest << highest;
+        QTest::newRow("whole range, start")
+            << h << false << lowest << highest << 3 << 10 << lowest << lowest;
+        QTest::newRow("whole range, end")
+            << h << false << lowest << highest << 3 << 510 << highest << highest;
     }
 
     void pixelPosToRangeValue()
@@ -411,8 +354,8 @@ private slots:
         QCOMPARE(f.slider->handleRect().top(), 510);
         QTest::mousePress(f.slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(15, 515));
         QVERIFY(f.slider->isSliderDown());
-        QVERIFY(sendMouse(f.slider.get(), QEvent::MouseMove, 15, Qt::NoButton, Qt::LeftButton,
-                          415));
+        QVERIFY(
+            sendMouse(f.slider.get(), QEvent::MouseMove, 15, Qt::NoButton, Qt::LeftButton, 415));
         QTest::mouseRelease(f.slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(15, 415));
         QCOMPARE(spies.values(spies.moved), Values {100});
         QCOMPARE(f.slider->value(), 100);
@@ -479,8 +422,7 @@ private slots:
         // Neither a press on the handle nor a drag from it starts.
         QVERIFY(!sendMouse(f.slider.get(), QEvent::MouseButtonPress, 15, pressed, held));
         QVERIFY(!moveWith(f.slider.get(), 365, held));
-        QVERIFY(!sendMouse(f.slider.get(), QEvent::MouseButtonRelease, 365, pressed,
-                           Qt::NoButton));
+        QVERIFY(!sendMouse(f.slider.get(), QEvent::MouseButtonRelease, 365, pressed, Qt::NoButton));
         QCOMPARE(f.slider->value(), 0);
         QVERIFY(!f.slider->isSliderDown());
         QCOMPARE(spies.changed.count(), 0);
@@ -553,12 +495,12 @@ private slots:
         f.slider->setInvertedControls(inverted);
         QVERIFY(f.show());
         Spies spies(f.slider.get());
-        QVERIFY(sendWheel(f.slider.get(), angle));
+        QVERIFY(TestSupport::sendWheel(f.slider.get(), angle));
         QCOMPARE(f.slider->value(), 250 + 5 * steps);
         QCOMPARE(spies.values(spies.changed), Values {250 + 5 * steps});
         QCOMPARE(spies.moved.count(), 0);
         // Nothing is carried over to the next event.
-        QVERIFY(sendWheel(f.slider.get(), angle));
+        QVERIFY(TestSupport::sendWheel(f.slider.get(), angle));
         QCOMPARE(f.slider->value(), 250 + 10 * steps);
         QCOMPARE(spies.changed.count(), 2);
     }
@@ -569,7 +511,7 @@ private slots:
         f.slider->setValue(500);
         QVERIFY(f.show());
         Spies spies(f.slider.get());
-        QVERIFY(sendWheel(f.slider.get(), QPoint(0, 120)));
+        QVERIFY(TestSupport::sendWheel(f.slider.get(), QPoint(0, 120)));
         QCOMPARE(f.slider->value(), 500);
         QCOMPARE(spies.changed.count(), 0);
     }
@@ -588,19 +530,19 @@ private slots:
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QSignalSpy changed(slider, &QAbstractSlider::valueChanged);
-        QVERIFY(sendWheel(slider, QPoint(0, 0)));
+        QVERIFY(TestSupport::sendWheel(slider, QPoint(0, 0)));
         QCOMPARE(window.m_iWheelEvents, 1);
         QCOMPARE(slider->value(), 250);
         QCOMPARE(changed.count(), 0);
         // A turned wheel stays with the slider.
-        QVERIFY(sendWheel(slider, QPoint(0, 120)));
+        QVERIFY(TestSupport::sendWheel(slider, QPoint(0, 120)));
         QCOMPARE(window.m_iWheelEvents, 1);
         QCOMPARE(slider->value(), 251);
         // On its own the slider leaves the empty event ignored.
         auto* alone = new ProbeSlider;
         std::unique_ptr<ProbeSlider> owner(alone);
         alone->setRange(0, 500);
-        QVERIFY(!sendWheel(alone, QPoint(0, 0)));
+        QVERIFY(!TestSupport::sendWheel(alone, QPoint(0, 0)));
     }
 
     void keys_data()

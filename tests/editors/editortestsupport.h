@@ -7,6 +7,7 @@
 #include "editors/baseeditor.h"
 #include "property_model/widgetproperty.h"
 #include "property_model/wtreepropertybrowser.h"
+#include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
 #include "sdk/wappsettings.h"
 #include "ui_widgetsetdynamicgeneric.h"
@@ -46,19 +47,28 @@ using PropertyBrowser::Editors::BaseEditor;
 using PropertyBrowser::Editors::WidgetSetDynamicGeneric;
 using PropertyBrowser::Editors::WidgetSetNode;
 
-/// Call from initTestCase(): any Qt warning fails the test, and node states read as the host's.
+/// Call from initTestCase(): any Qt warning fails the test, a message box never waits for a
+/// person, and node states read as the host's.
 inline void initEditorTestCase()
 {
     TestSupport::failOnWarnings();
+    Utils::DialogAutomation::setEnabled(true);
+    Utils::DialogAutomation::clear();
     // The tool tip of a row with equal limits is the host's description of the node's state.
     WidgetProperty::m_ErrorDescription = [](int state) {
         return "state " + std::to_string(state);
     };
 }
 
-/// Call last in cleanup(): no editor may still count as the open one, and every window is gone.
+/// Call last in cleanup(): no editor may still count as the open one, no message box came up,
+/// and every window is gone.
 inline void verifyNothingLeftOpen()
 {
+    QStringList boxes;
+    for (const Utils::DialogAutomation::Call& call : Utils::DialogAutomation::calls())
+        boxes << call.m_slTexts.join(QLatin1Char(' '));
+    Utils::DialogAutomation::clear();
+    QVERIFY2(boxes.isEmpty(), qPrintable(boxes.join(QStringLiteral(", "))));
     QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
     QTRY_VERIFY2(TestSupport::liveTopLevelWidgets().isEmpty(),
                  qPrintable(TestSupport::liveTopLevelWidgets().join(", ")));
@@ -118,18 +128,18 @@ inline DialogRun runDialog(const std::function<void()>& open,
     });
 }
 
-/// Runs the dialog of @p open, lets @p change alter it, then deletes the editor with @p dropEditor.
+/// Runs the dialog of @p open, lets @p change alter it, then deletes the editor with @p dropEditor;
+/// the dialog must go with the editor at once, so the run never leaves it open.
 inline DialogRun runDroppingEditor(const std::function<void()>& open,
                                    const std::function<void(WidgetSetNode&)>& change,
-                                   const std::function<void()>& dropEditor,
-                                   QPointer<WidgetSetNode>& seen)
+                                   const std::function<void()>& dropEditor)
 {
     return runDialog(open, [&](WidgetSetNode& dialog) {
-        // The caller checks by this pointer that the dialog went with its editor.
-        seen = &dialog;
+        const QPointer<WidgetSetNode> alive(&dialog);
         change(dialog);
         // A host that clears its rows while the dialog runs: the tree drops the editor.
         dropEditor();
+        QVERIFY2(!alive, "the value dialog outlived its editor");
     });
 }
 
@@ -365,17 +375,14 @@ void verifyEditorDroppedWhileDialogRuns(const QString& linkedPath,
     Fixture f(Script::DItem::IoInput);
     f.link(linkedPath);
     f.showEditor();
-    QPointer<WidgetSetNode> seen;
     const DialogRun run
         = runDroppingEditor([&] { QTest::mouseClick(f.browseButton(), Qt::LeftButton); }, change,
                             [&] {
                                 delete f.editor;
                                 f.editor = nullptr;
-                            },
-                            seen);
+                            });
     QVERIFY(run.shown);
     QVERIFY(!run.leftOpen);
-    QVERIFY(!seen);
     // An editor that commits after a delay gets the time to do so.
     if (letCommitsHappen)
         letCommitsHappen();

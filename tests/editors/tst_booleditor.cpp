@@ -9,8 +9,8 @@
 #include "ui_widgetsetnode.h"
 
 #include "../navigator/tabletranslator.h"
-#include "../propertybrowser/propertymetatype.h"
 #include "../property_model/managertestsupport.h"
+#include "../propertybrowser/propertymetatype.h"
 #include "editortestsupport.h"
 #include "testsupport.h"
 
@@ -55,13 +55,9 @@ void clickCheckBox(QCheckBox* box)
 {
     QStyleOptionButton option;
     option.initFrom(box);
-    const QRect indicator = box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+    const QRect indicator
+        = box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
     QTest::mouseClick(box, Qt::LeftButton, {}, indicator.center());
-}
-
-QCheckBox* localCheckBox(WidgetSetNode& dialog)
-{
-    return dialog.ui->pageLocal->findChild<QCheckBox*>();
 }
 
 /// Makes the open dialog hold something to send: another link target on the link page when
@@ -72,7 +68,7 @@ void changeChoice(WidgetSetNode& dialog, bool linkPage)
         pickLinkTarget(dialog, QStringLiteral("Job.Trigger.Armed"));
     } else {
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-        QCheckBox* box = localCheckBox(dialog);
+        QCheckBox* box = localPanel<QCheckBox>(dialog);
         QVERIFY(box);
         clickCheckBox(box);
     }
@@ -375,7 +371,7 @@ void TestBoolEditor::dialogShowsNode()
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Strobe"));
         QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(f.editor));
-        QCheckBox* box = localCheckBox(dialog);
+        QCheckBox* box = localPanel<QCheckBox>(dialog);
         QVERIFY(box);
         QCOMPARE(box->text(), QStringLiteral("Output Value"));
         QCOMPARE(box->isChecked(), localValue);
@@ -423,7 +419,7 @@ void TestBoolEditor::dialogCommitRule()
     const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
         QVERIFY(dialog.ui->rbLocalValue->isChecked());
-        QCheckBox* box = localCheckBox(dialog);
+        QCheckBox* box = localPanel<QCheckBox>(dialog);
         QVERIFY(box);
         if (box->isChecked() != chosen)
             clickCheckBox(box);
@@ -449,7 +445,7 @@ void TestBoolEditor::dialogKeepsHeldValue()
     // from it, until the node itself says otherwise.
     for (int round = 1; round <= 2; ++round) {
         const DialogRun run = f.clickBrowse([&](WidgetSetNode& dialog) {
-            QCheckBox* box = localCheckBox(dialog);
+            QCheckBox* box = localPanel<QCheckBox>(dialog);
             QVERIFY(box);
             QVERIFY(!box->isChecked());
             clickCheckBox(box);
@@ -472,9 +468,7 @@ void TestBoolEditor::dialogLinksPickedNode()
         QTreeWidget* tree = linkTree(dialog);
         QVERIFY(tree);
         QVERIFY(tree->isEnabled());
-        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Trigger.Armed"));
-        QVERIFY(target);
-        clickItem(tree, target);
+        pickLinkTarget(dialog, QStringLiteral("Job.Trigger.Armed"));
         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
     });
@@ -540,9 +534,11 @@ void TestBoolEditor::noDialogForOutput()
     Fixture f(static_cast<IoType>(ioType));
     f.showEditor();
     QSignalSpy refreshes(f.manager.get(), &BoolPropertyManager::refreshData);
-    const DialogRun run = f.clickBrowse([](WidgetSetNode& dialog) {
-        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-    });
+    // The click reaches the button: the editor itself opens no dialog.
+    QVERIFY(f.browseButton()->isVisible());
+    QVERIFY(f.browseButton()->isEnabled());
+    const DialogRun run = f.clickBrowse(
+        [](WidgetSetNode& dialog) { QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton); });
     QVERIFY(!run.shown);
     QCOMPARE(refreshes.count(), 0);
     QCOMPARE(f.edits->count(), 0);
@@ -552,16 +548,16 @@ void TestBoolEditor::showLinkWidgetPreselects()
 {
     Fixture f(Script::DItem::IoInput);
     f.showEditor();
-    const DialogRun run = runDialog(
-        [&] { f.editor->showLinkWidget(QStringLiteral("Job.Trigger.Armed")); },
-        [&](WidgetSetNode& dialog) {
-            QTreeWidget* tree = linkTree(dialog);
-            QVERIFY(tree);
-            QCOMPARE(tree->selectedItems().size(), 1);
-            QCOMPARE(tree->selectedItems().first()->data(0, Qt::UserRole).toString(),
-                     QStringLiteral("Job.Trigger.Armed"));
-            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-        });
+    const DialogRun run
+        = runDialog([&] { f.editor->showLinkWidget(QStringLiteral("Job.Trigger.Armed")); },
+                    [&](WidgetSetNode& dialog) {
+                        QTreeWidget* tree = linkTree(dialog);
+                        QVERIFY(tree);
+                        QCOMPARE(tree->selectedItems().size(), 1);
+                        QCOMPARE(tree->selectedItems().first()->data(0, Qt::UserRole).toString(),
+                                 QStringLiteral("Job.Trigger.Armed"));
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    });
     QVERIFY(run.shown);
     QVERIFY(!run.leftOpen);
     verifyOnlyEdit(*f.edits, kPath, Command::SetLink, QStringLiteral("Job.Trigger.Armed"));

@@ -11,8 +11,8 @@
 #include "ui_widgetsetlocaldouble.h"
 #include "ui_widgetsetnode.h"
 
-#include "../propertybrowser/propertymetatype.h"
 #include "../property_model/managertestsupport.h"
+#include "../propertybrowser/propertymetatype.h"
 #include "editortestsupport.h"
 #include "testsupport.h"
 
@@ -652,9 +652,7 @@ void TestDoubleEditor::dialogLinksPickedNode()
         QVERIFY(tree);
         QVERIFY(tree->isEnabled());
         QVERIFY(!dialog.ui->m_OKBtn->isEnabled());
-        QTreeWidgetItem* target = linkItem(tree, QStringLiteral("Job.Filter.Level"));
-        QVERIFY(target);
-        clickItem(tree, target);
+        pickLinkTarget(dialog, QStringLiteral("Job.Filter.Level"));
         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
     });
@@ -725,9 +723,11 @@ void TestDoubleEditor::noDialogWithoutEditableValue()
     f.node.setProperty("IDataNumeric.LimitsEditable", limitsEditable);
     f.showEditor();
     QSignalSpy refreshes(f.manager.get(), &DoublePropertyManager::refreshData);
-    const DialogRun run = f.clickBrowse([](WidgetSetNode& dialog) {
-        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-    });
+    // The click reaches the button: the editor itself opens no dialog.
+    QVERIFY(f.browseButton()->isVisible());
+    QVERIFY(f.browseButton()->isEnabled());
+    const DialogRun run = f.clickBrowse(
+        [](WidgetSetNode& dialog) { QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton); });
     QVERIFY(!run.shown);
     QCOMPARE(refreshes.count(), 0);
     QCOMPARE(f.edits->count(), 0);
@@ -781,6 +781,7 @@ void TestDoubleEditor::factory_data()
     QTest::newRow("editing blocked only") << 0x1000 << true << false << true;
     QTest::newRow("locked only") << 0x1 << false << true << true;
     QTest::newRow("no editing in this mode") << 0x1001 << true << true << false;
+    QTest::newRow("no editing in this mode, limits only") << 0x1001 << false << true << false;
 }
 
 void TestDoubleEditor::factory()

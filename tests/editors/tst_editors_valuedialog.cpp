@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 
 #include <functional>
@@ -82,17 +81,19 @@ struct Fixture
     QPointer<WidgetSetNode> dialog;
 };
 
-/// Runs @p steps on the dialog once its own event loop runs, then runs the dialog. A dialog
-/// that the steps leave open is rejected after a while, so that no test waits for a person.
-bool runWith(ValueDialog& valueDialog, const std::function<void(WidgetSetNode&)>& steps)
+/// What a run of the value dialog gave: exec()'s answer, and what became of the dialog.
+struct Outcome
 {
-    const QPointer<WidgetSetNode> dialog(&valueDialog.dialog());
-    QTimer::singleShot(0, [dialog, steps] {
-        if (dialog)
-            steps(*dialog);
-    });
-    QTimer::singleShot(5000, dialog.data(), &QDialog::reject);
-    return valueDialog.exec();
+    bool chosen = false;
+    DialogRun run;
+};
+
+/// Runs @p valueDialog and @p steps on it in its event loop.
+Outcome runWith(ValueDialog& valueDialog, const std::function<void(WidgetSetNode&)>& steps)
+{
+    Outcome outcome;
+    outcome.run = runDialog([&] { outcome.chosen = valueDialog.exec(); }, steps);
+    return outcome;
 }
 
 } // namespace
@@ -126,11 +127,13 @@ void TestEditorsValueDialog::cleanup()
 void TestEditorsValueDialog::acceptedLinkIsTheSelectedPath()
 {
     Fixture f;
-    const bool chosen = runWith(f.start(true), [](WidgetSetNode& dialog) {
+    const Outcome outcome = runWith(f.start(true), [](WidgetSetNode& dialog) {
         QCOMPARE(linkTree(dialog)->selectedItems().size(), 1);
         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
     });
-    QVERIFY(chosen);
+    QVERIFY(outcome.run.shown);
+    QVERIFY(!outcome.run.leftOpen);
+    QVERIFY(outcome.chosen);
     QVERIFY(f.run->linkChosen());
     QVERIFY(!f.run->localChosen());
     QCOMPARE(f.run->chosenLink(), kTarget);
@@ -140,10 +143,12 @@ void TestEditorsValueDialog::noSelectionIsAnEmptyNotNullLink()
 {
     Fixture f;
     // Reset drops the selection and closes the dialog as accepted.
-    const bool chosen = runWith(f.start(true), [](WidgetSetNode& dialog) {
+    const Outcome outcome = runWith(f.start(true), [](WidgetSetNode& dialog) {
         QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
     });
-    QVERIFY(chosen);
+    QVERIFY(outcome.run.shown);
+    QVERIFY(!outcome.run.leftOpen);
+    QVERIFY(outcome.chosen);
     QVERIFY(f.run->linkChosen());
     const QString link = f.run->chosenLink();
     QVERIFY(link.isEmpty());
@@ -153,11 +158,13 @@ void TestEditorsValueDialog::noSelectionIsAnEmptyNotNullLink()
 void TestEditorsValueDialog::rejectedRunIsNoChoice()
 {
     Fixture f;
-    const bool chosen = runWith(f.start(false), [](WidgetSetNode& dialog) {
+    const Outcome outcome = runWith(f.start(false), [](WidgetSetNode& dialog) {
         QVERIFY(dialog.ui->rbLocalValue->isChecked());
         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
     });
-    QVERIFY(!chosen);
+    QVERIFY(outcome.run.shown);
+    QVERIFY(!outcome.run.leftOpen);
+    QVERIFY(!outcome.chosen);
     // The run owns the dialog, and the dialog the page.
     QVERIFY(f.dialog);
     QVERIFY(f.page);
@@ -169,13 +176,15 @@ void TestEditorsValueDialog::rejectedRunIsNoChoice()
 void TestEditorsValueDialog::rowDroppedWhileRunningIsNoChoice()
 {
     Fixture f;
-    const bool chosen = runWith(f.start(false), [&f](WidgetSetNode& dialog) {
+    const Outcome outcome = runWith(f.start(false), [&f](WidgetSetNode& dialog) {
         delete f.row;
         f.row = nullptr;
         // The editor and its dialog stay; accepting still chooses nothing.
         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
     });
-    QVERIFY(!chosen);
+    QVERIFY(outcome.run.shown);
+    QVERIFY(!outcome.run.leftOpen);
+    QVERIFY(!outcome.chosen);
     QVERIFY(f.dialog);
     QCOMPARE(f.dialog->result(), int(QDialog::Accepted));
     // The run still deletes the dialog that the editor kept.
@@ -186,8 +195,10 @@ void TestEditorsValueDialog::rowDroppedWhileRunningIsNoChoice()
 void TestEditorsValueDialog::editorDroppedWhileRunningTakesTheDialog()
 {
     Fixture f;
-    const bool chosen = runWith(f.start(false), [&f](WidgetSetNode&) { f.editor.reset(); });
-    QVERIFY(!chosen);
+    const Outcome outcome = runWith(f.start(false), [&f](WidgetSetNode&) { f.editor.reset(); });
+    QVERIFY(outcome.run.shown);
+    QVERIFY(!outcome.run.leftOpen);
+    QVERIFY(!outcome.chosen);
     QVERIFY(!f.dialog);
     QVERIFY(!f.page);
     // The dialog went with the editor: the run must not delete it a second time.

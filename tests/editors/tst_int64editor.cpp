@@ -10,7 +10,6 @@
 #include "property_model/wtreepropertybrowser.h"
 #include "qtbrowseritem.h"
 #include "sdk/command.h"
-#include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
 #include "ui_widgetsetlocalint.h"
 #include "ui_widgetsetnode.h"
@@ -144,7 +143,6 @@ void TestInt64Editor::initTestCase()
 void TestInt64Editor::cleanup()
 {
     dropRows();
-    Utils::DialogAutomation::clear();
     verifyNothingLeftOpen();
 }
 
@@ -525,6 +523,8 @@ void TestInt64Editor::factoryRules_data()
     QTest::newRow("locked") << 0x1 << QVariant(true) << none << true;
     QTest::newRow("editing blocked") << 0x1000 << QVariant(true) << none << true;
     QTest::newRow("both mode bits") << 0x1001 << QVariant(true) << QVariant(true) << false;
+    QTest::newRow("both mode bits, limits only")
+        << 0x1001 << QVariant(false) << QVariant(true) << false;
 }
 
 void TestInt64Editor::factoryRules()
@@ -599,7 +599,7 @@ void TestInt64Editor::dialogFillsThePanel()
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     auto* browse = directChild<QPushButton>(editor);
     bool checked = false;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { QTest::mouseClick(browse, Qt::LeftButton); },
                     [&](WidgetSetNode& dialog) {
                         QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(editor));
@@ -639,9 +639,9 @@ void TestInt64Editor::dialogFillsThePanel()
                         QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Count"));
                         checked = true;
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(checked);
     QCOMPARE(edits.count(), 0);
 }
@@ -652,16 +652,16 @@ void TestInt64Editor::dialogLocalValue()
         = makeNode("Job.T.Count", Script::DItem::IoNone, kWideMin + 40, kWideMin, kWideMax, 1);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     WidgetSetLocalInt* panel = panelOf(dialog);
-                                     retype(panel->ui->m_poValue, QStringLiteral("7300000000"));
-                                     QCOMPARE(panel->ui->m_poSlider->value(), 7300000000L);
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        WidgetSetLocalInt* panel = panelOf(dialog);
+                                        retype(panel->ui->m_poValue, QStringLiteral("7300000000"));
+                                        QCOMPARE(panel->ui->m_poSlider->value(), 7300000000L);
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetValue, number(Q_INT64_C(7300000000)));
     QCOMPARE(sliderOf(editor)->value(), 7300000000L);
     QCOMPARE(lineEditOf(editor)->text(), QStringLiteral("7300000000"));
@@ -689,22 +689,23 @@ void TestInt64Editor::dialogUnchangedValueSendsNothing()
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     bool accepted = false;
     long shownValue = -1;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     if (linked) {
-                                         QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-                                         QVERIFY(dialog.ui->rbLocalValue->isChecked());
-                                     }
-                                     // The step came after the value on the panel's slider; the
-                                     // value survived it.
-                                     shownValue = panelOf(dialog)->ui->m_poSlider->value();
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                     accepted = dialog.result() == QDialog::Accepted;
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        if (linked) {
+                            QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                            QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+                            QVERIFY(dialog.ui->rbLocalValue->isChecked());
+                        }
+                        // The step came after the value on the panel's slider; the
+                        // value survived it.
+                        shownValue = panelOf(dialog)->ui->m_poSlider->value();
+                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                        accepted = dialog.result() == QDialog::Accepted;
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(accepted);
     QCOMPARE(shownValue, 40L);
     QCOMPARE(edits.count(), 0);
@@ -730,23 +731,23 @@ void TestInt64Editor::dialogLimits()
     QVERIFY(!lineEditOf(editor)->isEnabled());
     QVERIFY(!sliderOf(editor)->isEnabled());
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
-                                     QVERIFY(!ui.m_poValue->isEnabled());
-                                     QVERIFY(!ui.m_poSlider->isEnabled());
-                                     QVERIFY(ui.m_poMinValueText->isEnabled());
-                                     QVERIFY(!ui.m_poMaxValueText->isReadOnly());
-                                     QCOMPARE(ui.m_poLblEvaluatedResult->text()
-                                                  == QStringLiteral("Evaluated Result"),
-                                              evaluation);
-                                     retype(ui.m_poMinValueText, QStringLiteral("-5,000,000,000"));
-                                     retype(ui.m_poMaxValueText, QStringLiteral("9000000000"));
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog(
+        [&] { editor->vButtonClicked(); },
+        [&](WidgetSetNode& dialog) {
+            const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
+            QVERIFY(!ui.m_poValue->isEnabled());
+            QVERIFY(!ui.m_poSlider->isEnabled());
+            QVERIFY(ui.m_poMinValueText->isEnabled());
+            QVERIFY(!ui.m_poMaxValueText->isReadOnly());
+            QCOMPARE(ui.m_poLblEvaluatedResult->text() == QStringLiteral("Evaluated Result"),
+                     evaluation);
+            retype(ui.m_poMinValueText, QStringLiteral("-5,000,000,000"));
+            retype(ui.m_poMaxValueText, QStringLiteral("9000000000"));
+            QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Area", Command::SetLimits,
                    limits(-Q_INT64_C(5000000000), Q_INT64_C(9000000000)));
 }
@@ -758,16 +759,16 @@ void TestInt64Editor::dialogUnreadableLimitSendsNothing()
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     bool accepted = false;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     retype(panelOf(dialog)->ui->m_poMinValueText, QString());
-                                     QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                     accepted = dialog.result() == QDialog::Accepted;
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        retype(panelOf(dialog)->ui->m_poMinValueText, QString());
+                                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                        accepted = dialog.result() == QDialog::Accepted;
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
 }
@@ -778,21 +779,18 @@ void TestInt64Editor::dialogLinkPicked()
     addLinkTargets(node);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     QVERIFY(dialog.ui->grpNodeValueType->isVisible());
-                                     QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                     QTreeWidget* tree = linkTree(dialog);
-                                     QVERIFY(tree->selectedItems().isEmpty());
-                                     QTreeWidgetItem* target
-                                         = linkItem(tree, QStringLiteral("Job.Camera.Out"));
-                                     QVERIFY(target);
-                                     clickItem(tree, target);
-                                     QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        QVERIFY(dialog.ui->grpNodeValueType->isVisible());
+                                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                                        QTreeWidget* tree = linkTree(dialog);
+                                        QVERIFY(tree->selectedItems().isEmpty());
+                                        pickLinkTarget(dialog, QStringLiteral("Job.Camera.Out"));
+                                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink,
                    QVariant(QStringLiteral("Job.Camera.Out")));
 }
@@ -805,7 +803,7 @@ void TestInt64Editor::dialogLinkClearedByReset()
     node->setLinkedPath(QStringLiteral("Job.Filter.Level"));
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         QTreeWidget* tree = linkTree(dialog);
@@ -814,9 +812,9 @@ void TestInt64Editor::dialogLinkClearedByReset()
                                  QStringLiteral("Job.Filter.Level"));
                         QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -826,21 +824,20 @@ void TestInt64Editor::dialogLinkPageWithNothingSelected()
     addLinkTargets(node);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown
-        = runDialog([&] { editor->vButtonClicked(); },
-                    [&](WidgetSetNode& dialog) {
-                        QTreeWidget* tree = linkTree(dialog);
-                        clickItem(tree, linkItem(tree, QStringLiteral("Job.Filter.Out")));
-                        QCOMPARE(tree->selectedItems().size(), 1);
-                        QTest::mouseClick(
-                            tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                            tree->visualItemRect(tree->selectedItems().first()).center());
-                        QVERIFY(tree->selectedItems().isEmpty());
-                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog(
+        [&] { editor->vButtonClicked(); },
+        [&](WidgetSetNode& dialog) {
+            QTreeWidget* tree = linkTree(dialog);
+            pickLinkTarget(dialog, QStringLiteral("Job.Filter.Out"));
+            QCOMPARE(tree->selectedItems().size(), 1);
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                              tree->visualItemRect(tree->selectedItems().first()).center());
+            QVERIFY(tree->selectedItems().isEmpty());
+            QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -850,16 +847,16 @@ void TestInt64Editor::dialogEmptyLinkListTakesLinkBranch()
     // No "IData.AcceptableLinks" at all reads as two empty lists.
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                     QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
-                                     QVERIFY(!linkTree(dialog)->isEnabled());
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                                        QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
+                                        QVERIFY(!linkTree(dialog)->isEnabled());
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -882,13 +879,13 @@ void TestInt64Editor::dialogCancelSendsNothing()
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     int result = -1;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
                         if (ioType == 1) {
                             QTreeWidget* tree = linkTree(dialog);
-                            clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
+                            pickLinkTarget(dialog, QStringLiteral("Job.Camera.Out"));
                             QCOMPARE(tree->selectedItems().size(), 1);
                         } else if (limitsEditable) {
                             retype(ui.m_poMaxValueText, QStringLiteral("500"));
@@ -897,9 +894,9 @@ void TestInt64Editor::dialogCancelSendsNothing()
                         }
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
                         result = dialog.result();
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(result, int(QDialog::Rejected));
     QCOMPARE(edits.count(), 0);
     QCOMPARE(sliderOf(editor)->value(), 40L);
@@ -912,7 +909,7 @@ void TestInt64Editor::showLinkWidgetPreselects()
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
     QString selected;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Filter.Level")); },
                     [&](WidgetSetNode& dialog) {
                         const QList<QTreeWidgetItem*> items = linkTree(dialog)->selectedItems();
@@ -920,9 +917,9 @@ void TestInt64Editor::showLinkWidgetPreselects()
                         selected = items.first()->data(0, Qt::UserRole).toString();
                         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(selected, QStringLiteral("Job.Filter.Level"));
     verifyOnlyEdit(edits, "Job.T.Count", Command::SetLink,
                    QVariant(QStringLiteral("Job.Filter.Level")));
@@ -940,10 +937,10 @@ void TestInt64Editor::outputWithoutEditableLimitsHasNoDialog()
     const bool unknown = runDialog([&] { editor->vButtonClicked(); }, [](WidgetSetNode&) {}).shown;
     QVERIFY(!unknown);
     node->setIoType(Script::DItem::IoNone);
-    const bool setting = runDialog([&] { editor->vButtonClicked(); },
-                                   [](WidgetSetNode& dialog) { dialog.reject(); })
-                             .shown;
-    QVERIFY(setting);
+    const DialogRun settingRun = runDialog([&] { editor->vButtonClicked(); },
+                                           [](WidgetSetNode& dialog) { dialog.reject(); });
+    QVERIFY(settingRun.shown);
+    QVERIFY(!settingRun.leftOpen);
 }
 
 void TestInt64Editor::editorDroppedWhileDialogRuns()
@@ -951,16 +948,12 @@ void TestInt64Editor::editorDroppedWhileDialogRuns()
     Script::DItem* node = makeNode("Job.T.Count", Script::DItem::IoNone, 40, 0, 100, 1);
     Int64Editor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
-    QPointer<WidgetSetNode> seen;
-    const bool shown
-        = runDroppingEditor([&] { editor->vButtonClicked(); },
-                            [](WidgetSetNode& dialog) {
-                                retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
-                            },
-                            [&] { m_poEditor.reset(); }, seen)
-              .shown;
-    QVERIFY(shown);
-    QVERIFY(!seen);
+    const DialogRun run = runDroppingEditor(
+        [&] { editor->vButtonClicked(); },
+        [](WidgetSetNode& dialog) { retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77")); },
+        [&] { m_poEditor.reset(); });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(edits.count(), 0);
 }
 

@@ -10,7 +10,6 @@
 #include "property_model/wtreepropertybrowser.h"
 #include "qtbrowseritem.h"
 #include "sdk/command.h"
-#include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
 #include "ui_widgetsetlocalint.h"
 #include "ui_widgetsetnode.h"
@@ -134,7 +133,6 @@ void TestIntEditor::initTestCase()
 void TestIntEditor::cleanup()
 {
     dropRows();
-    Utils::DialogAutomation::clear();
     verifyNothingLeftOpen();
 }
 
@@ -630,62 +628,61 @@ void TestIntEditor::dialogFillsThePanel()
     auto* browse = directChild<QPushButton>(editor);
     QVERIFY(browse);
     // The browse button opens the dialog.
-    const bool shown
-        = runDialog([&] { QTest::mouseClick(browse, Qt::LeftButton); },
-                    [&](WidgetSetNode& dialog) {
-                        QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(editor));
-                        QCOMPARE(dialog.windowTitle(), QStringLiteral("Gain"));
-                        QVERIFY(dialog.ui->grpNodeValueType->isHidden());
-                        QVERIFY(dialog.ui->rbLocalValue->isChecked());
-                        QCOMPARE(dialog.ui->stackedWidget->currentWidget(), dialog.ui->pageLocal);
-                        WidgetSetLocalInt* panel = panelOf(dialog);
-                        QVERIFY(panel);
-                        QCOMPARE(panel->parentWidget(), dialog.ui->pageLocal);
-                        QCOMPARE(linkTree(dialog)->window(), static_cast<QWidget*>(&dialog));
-                        const Ui_WidgetSetLocalInt& ui = *panel->ui;
-                        QCOMPARE(ui.m_poLblMinValue->text(), QStringLiteral("Minimal Gain"));
-                        QCOMPARE(ui.m_poLblMaxValue->text(), QStringLiteral("Maximal Gain"));
-                        QCOMPARE(ui.m_poLblStepValue->text(), QStringLiteral("Step Gain"));
-                        QCOMPARE(ui.m_poLblActualValue->text(), QStringLiteral("Actual Gain"));
-                        QCOMPARE(ui.m_poMinValueText->text(), QStringLiteral("-100"));
-                        QCOMPARE(ui.m_poMaxValueText->text(), QStringLiteral("2000"));
-                        QCOMPARE(ui.m_poMinValueText->locale(), english);
-                        QVERIFY(!ui.m_poMinValueText->isEnabled());
-                        QVERIFY(ui.m_poMaxValueText->isReadOnly());
-                        const auto* limitValidator
-                            = qobject_cast<const Int64Validator*>(ui.m_poMaxValueText->validator());
-                        QVERIFY(limitValidator);
-                        QCOMPARE(limitValidator->bottom(), long(kLowest));
-                        QCOMPARE(limitValidator->top(), long(kHighest));
-                        QCOMPARE(ui.m_poStep->text(), QStringLiteral("5"));
-                        QVERIFY(!ui.m_poStep->validator());
-                        QCOMPARE(ui.m_poValue->text(), QStringLiteral("40"));
-                        QVERIFY(ui.m_poValue->isEnabled());
-                        QVERIFY(ui.m_poValue->isVisible());
-                        const auto* valueValidator
-                            = qobject_cast<const Int64Validator*>(ui.m_poValue->validator());
-                        QVERIFY(valueValidator);
-                        QCOMPARE(valueValidator->bottom(), -100L);
-                        QCOMPARE(valueValidator->top(), 2000L);
-                        QCOMPARE(ui.m_poSlider->min(), -100LL);
-                        QCOMPARE(ui.m_poSlider->max(), 2000LL);
-                        QCOMPARE(ui.m_poSlider->singleStep(), 5LL);
-                        QCOMPARE(ui.m_poSlider->value(), 40L);
-                        QVERIFY(ui.m_poSlider->isEnabled());
-                        QVERIFY(ui.m_poSlider->isVisible());
-                        QVERIFY(!ui.m_ErrorLabel->isVisible());
-                        // A setting has no evaluated result: the row is squeezed out of sight.
-                        QCOMPARE(ui.m_poLblEvaluatedResult->maximumHeight(), 3);
-                        QVERIFY(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty());
-                        QCOMPARE(ui.m_poLblLinkedTo->text(),
-                                 QStringLiteral("Linked To: Limit, Gate"));
-                        QCOMPARE(refresh.count(), 1);
-                        QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Gain"));
-                        checked = true;
-                        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog(
+        [&] { QTest::mouseClick(browse, Qt::LeftButton); },
+        [&](WidgetSetNode& dialog) {
+            QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(editor));
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Gain"));
+            QVERIFY(dialog.ui->grpNodeValueType->isHidden());
+            QVERIFY(dialog.ui->rbLocalValue->isChecked());
+            QCOMPARE(dialog.ui->stackedWidget->currentWidget(), dialog.ui->pageLocal);
+            WidgetSetLocalInt* panel = panelOf(dialog);
+            QVERIFY(panel);
+            QCOMPARE(panel->parentWidget(), dialog.ui->pageLocal);
+            QCOMPARE(linkTree(dialog)->window(), static_cast<QWidget*>(&dialog));
+            const Ui_WidgetSetLocalInt& ui = *panel->ui;
+            QCOMPARE(ui.m_poLblMinValue->text(), QStringLiteral("Minimal Gain"));
+            QCOMPARE(ui.m_poLblMaxValue->text(), QStringLiteral("Maximal Gain"));
+            QCOMPARE(ui.m_poLblStepValue->text(), QStringLiteral("Step Gain"));
+            QCOMPARE(ui.m_poLblActualValue->text(), QStringLiteral("Actual Gain"));
+            QCOMPARE(ui.m_poMinValueText->text(), QStringLiteral("-100"));
+            QCOMPARE(ui.m_poMaxValueText->text(), QStringLiteral("2000"));
+            QCOMPARE(ui.m_poMinValueText->locale(), english);
+            QVERIFY(!ui.m_poMinValueText->isEnabled());
+            QVERIFY(ui.m_poMaxValueText->isReadOnly());
+            const auto* limitValidator
+                = qobject_cast<const Int64Validator*>(ui.m_poMaxValueText->validator());
+            QVERIFY(limitValidator);
+            QCOMPARE(limitValidator->bottom(), long(kLowest));
+            QCOMPARE(limitValidator->top(), long(kHighest));
+            QCOMPARE(ui.m_poStep->text(), QStringLiteral("5"));
+            QVERIFY(!ui.m_poStep->validator());
+            QCOMPARE(ui.m_poValue->text(), QStringLiteral("40"));
+            QVERIFY(ui.m_poValue->isEnabled());
+            QVERIFY(ui.m_poValue->isVisible());
+            const auto* valueValidator
+                = qobject_cast<const Int64Validator*>(ui.m_poValue->validator());
+            QVERIFY(valueValidator);
+            QCOMPARE(valueValidator->bottom(), -100L);
+            QCOMPARE(valueValidator->top(), 2000L);
+            QCOMPARE(ui.m_poSlider->min(), -100LL);
+            QCOMPARE(ui.m_poSlider->max(), 2000LL);
+            QCOMPARE(ui.m_poSlider->singleStep(), 5LL);
+            QCOMPARE(ui.m_poSlider->value(), 40L);
+            QVERIFY(ui.m_poSlider->isEnabled());
+            QVERIFY(ui.m_poSlider->isVisible());
+            QVERIFY(!ui.m_ErrorLabel->isVisible());
+            // A setting has no evaluated result: the row is squeezed out of sight.
+            QCOMPARE(ui.m_poLblEvaluatedResult->maximumHeight(), 3);
+            QVERIFY(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty());
+            QCOMPARE(ui.m_poLblLinkedTo->text(), QStringLiteral("Linked To: Limit, Gate"));
+            QCOMPARE(refresh.count(), 1);
+            QCOMPARE(refresh.at(0).at(0).toString(), QStringLiteral("Job.T.Gain"));
+            checked = true;
+            QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(checked);
     QCOMPARE(edits.count(), 0);
 }
@@ -695,17 +692,17 @@ void TestIntEditor::dialogLocalValue()
     Script::DItem* node = makeNode("Job.T.Gain", Script::DItem::IoNone, 40, 0, 100, 1);
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     WidgetSetLocalInt* panel = panelOf(dialog);
-                                     QVERIFY(panel);
-                                     retype(panel->ui->m_poValue, QStringLiteral("73"));
-                                     QCOMPARE(panel->ui->m_poSlider->value(), 73L);
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        WidgetSetLocalInt* panel = panelOf(dialog);
+                                        QVERIFY(panel);
+                                        retype(panel->ui->m_poValue, QStringLiteral("73"));
+                                        QCOMPARE(panel->ui->m_poSlider->value(), 73L);
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetValue, QVariant(73));
     // The row's slider carries the new value.
     QCOMPARE(sliderOf(editor)->value(), 73);
@@ -722,14 +719,15 @@ void TestIntEditor::dialogLocalValueSnapped()
     editor->refreshEditorData();
     node->setProperty("IDataNumeric.LocalStep", 1);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("12"));
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("12"));
+                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetValue, QVariant(9));
 }
 
@@ -754,19 +752,20 @@ void TestIntEditor::dialogUnchangedValueSendsNothing()
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     bool accepted = false;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     if (linked) {
-                                         QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
-                                         QVERIFY(dialog.ui->rbLocalValue->isChecked());
-                                     }
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                     accepted = dialog.result() == QDialog::Accepted;
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run
+        = runDialog([&] { editor->vButtonClicked(); },
+                    [&](WidgetSetNode& dialog) {
+                        if (linked) {
+                            QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                            QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
+                            QVERIFY(dialog.ui->rbLocalValue->isChecked());
+                        }
+                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                        accepted = dialog.result() == QDialog::Accepted;
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
 }
@@ -779,15 +778,15 @@ void TestIntEditor::dialogStepKeepsTheValue()
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     long shownValue = -1;
     QString shownText;
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     shownValue = panelOf(dialog)->ui->m_poSlider->value();
-                                     shownText = panelOf(dialog)->ui->m_poValue->text();
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        shownValue = panelOf(dialog)->ui->m_poSlider->value();
+                                        shownText = panelOf(dialog)->ui->m_poValue->text();
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(shownValue, 40L);
     QCOMPARE(shownText, QStringLiteral("40"));
     QCOMPARE(edits.count(), 0);
@@ -814,27 +813,26 @@ void TestIntEditor::dialogLimits()
     QVERIFY(!lineEditOf(editor)->isEnabled());
     QVERIFY(!sliderOf(editor)->isEnabled());
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown
-        = runDialog([&] { editor->vButtonClicked(); },
-                    [&](WidgetSetNode& dialog) {
-                        const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
-                        QVERIFY(!ui.m_poValue->isEnabled());
-                        QVERIFY(!ui.m_poSlider->isEnabled());
-                        QVERIFY(ui.m_poMinValueText->isEnabled());
-                        QVERIFY(!ui.m_poMinValueText->isReadOnly());
-                        QVERIFY(ui.m_poMaxValueText->isEnabled());
-                        QVERIFY(!ui.m_poMaxValueText->isReadOnly());
-                        QCOMPARE(ui.m_poLblEvaluatedResult->text()
-                                     == QStringLiteral("Evaluated Result"),
-                                 evaluation);
-                        QCOMPARE(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty(), !evaluation);
-                        retype(ui.m_poMinValueText, QStringLiteral("-20"));
-                        retype(ui.m_poMaxValueText, QStringLiteral("1,500"));
-                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog(
+        [&] { editor->vButtonClicked(); },
+        [&](WidgetSetNode& dialog) {
+            const Ui_WidgetSetLocalInt& ui = *panelOf(dialog)->ui;
+            QVERIFY(!ui.m_poValue->isEnabled());
+            QVERIFY(!ui.m_poSlider->isEnabled());
+            QVERIFY(ui.m_poMinValueText->isEnabled());
+            QVERIFY(!ui.m_poMinValueText->isReadOnly());
+            QVERIFY(ui.m_poMaxValueText->isEnabled());
+            QVERIFY(!ui.m_poMaxValueText->isReadOnly());
+            QCOMPARE(ui.m_poLblEvaluatedResult->text() == QStringLiteral("Evaluated Result"),
+                     evaluation);
+            QCOMPARE(ui.m_poWidgetLed->findChildren<QWidget*>().isEmpty(), !evaluation);
+            retype(ui.m_poMinValueText, QStringLiteral("-20"));
+            retype(ui.m_poMaxValueText, QStringLiteral("1,500"));
+            QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Area", Command::SetLimits, limits(-20, 1500));
 }
 
@@ -845,7 +843,7 @@ void TestIntEditor::dialogUnreadableLimitSendsNothing()
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     bool accepted = false;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
@@ -855,9 +853,9 @@ void TestIntEditor::dialogUnreadableLimitSendsNothing()
                         QVERIFY(dialog.ui->m_OKBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
                         accepted = dialog.result() == QDialog::Accepted;
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(accepted);
     QCOMPARE(edits.count(), 0);
 }
@@ -876,26 +874,22 @@ void TestIntEditor::dialogLinkPicked()
     addLinkTargets(node, asVariantList);
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown
-        = runDialog([&] { editor->vButtonClicked(); },
-                    [&](WidgetSetNode& dialog) {
-                        QVERIFY(dialog.ui->grpNodeValueType->isVisible());
-                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                        QVERIFY(dialog.ui->rbDynamicValue->isEnabled());
-                        QTreeWidget* tree = linkTree(dialog);
-                        QVERIFY(tree->isEnabled());
-                        // Nothing is linked yet, so nothing is selected.
-                        QVERIFY(tree->selectedItems().isEmpty());
-                        QTreeWidgetItem* target
-                            = linkItem(tree, QStringLiteral("Job.Filter.Level"));
-                        QVERIFY(target);
-                        clickItem(tree, target);
-                        QCOMPARE(tree->selectedItems(), QList<QTreeWidgetItem*>({target}));
-                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        QVERIFY(dialog.ui->grpNodeValueType->isVisible());
+                                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                                        QVERIFY(dialog.ui->rbDynamicValue->isEnabled());
+                                        QTreeWidget* tree = linkTree(dialog);
+                                        QVERIFY(tree->isEnabled());
+                                        // Nothing is linked yet, so nothing is selected.
+                                        QVERIFY(tree->selectedItems().isEmpty());
+                                        pickLinkTarget(dialog, QStringLiteral("Job.Filter.Level"));
+                                        QCOMPARE(tree->selectedItems().size(), 1);
+                                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink,
                    QVariant(QStringLiteral("Job.Filter.Level")));
 }
@@ -908,7 +902,7 @@ void TestIntEditor::dialogLinkClearedByReset()
     node->setLinkedPath(QStringLiteral("Job.Filter.Out"));
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         QTreeWidget* tree = linkTree(dialog);
@@ -919,9 +913,9 @@ void TestIntEditor::dialogLinkClearedByReset()
                         QVERIFY(dialog.ui->m_ResetBtn->isVisible());
                         QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
                         QTest::mouseClick(dialog.ui->m_ResetBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -931,22 +925,21 @@ void TestIntEditor::dialogLinkPageWithNothingSelected()
     addLinkTargets(node);
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown
-        = runDialog([&] { editor->vButtonClicked(); },
-                    [&](WidgetSetNode& dialog) {
-                        QTreeWidget* tree = linkTree(dialog);
-                        clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
-                        QCOMPARE(tree->selectedItems().size(), 1);
-                        // Ctrl-click takes the selection back.
-                        QTest::mouseClick(
-                            tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                            tree->visualItemRect(tree->selectedItems().first()).center());
-                        QVERIFY(tree->selectedItems().isEmpty());
-                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog(
+        [&] { editor->vButtonClicked(); },
+        [&](WidgetSetNode& dialog) {
+            QTreeWidget* tree = linkTree(dialog);
+            pickLinkTarget(dialog, QStringLiteral("Job.Camera.Out"));
+            QCOMPARE(tree->selectedItems().size(), 1);
+            // Ctrl-click takes the selection back.
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                              tree->visualItemRect(tree->selectedItems().first()).center());
+            QVERIFY(tree->selectedItems().isEmpty());
+            QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+            QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+        });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -956,19 +949,19 @@ void TestIntEditor::dialogEmptyLinkListTakesLinkBranch()
     node->setProperty("IData.AcceptableLinks", QVariant::fromValue(Script::DItemListPair()));
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    const bool shown = runDialog([&] { editor->vButtonClicked(); },
-                                 [&](WidgetSetNode& dialog) {
-                                     QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                     QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
-                                     QVERIFY(!linkTree(dialog)->isEnabled());
-                                     QVERIFY(!dialog.ui->m_ResetBtn->isEnabled());
-                                     // The panel's first report, on valid content, lets OK be
-                                     // pressed.
-                                     QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run = runDialog([&] { editor->vButtonClicked(); },
+                                    [&](WidgetSetNode& dialog) {
+                                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                                        QVERIFY(!dialog.ui->rbDynamicValue->isEnabled());
+                                        QVERIFY(!linkTree(dialog)->isEnabled());
+                                        QVERIFY(!dialog.ui->m_ResetBtn->isEnabled());
+                                        // The panel's first report, on valid content, lets OK be
+                                        // pressed.
+                                        QTRY_VERIFY(dialog.ui->m_OKBtn->isEnabled());
+                                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink, QVariant(QStringLiteral("")));
 }
 
@@ -987,21 +980,21 @@ void TestIntEditor::dialogCancelSendsNothing()
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     int result = -1;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         if (ioType == 0) {
                             retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
                         } else {
                             QTreeWidget* tree = linkTree(dialog);
-                            clickItem(tree, linkItem(tree, QStringLiteral("Job.Camera.Out")));
+                            pickLinkTarget(dialog, QStringLiteral("Job.Camera.Out"));
                             QCOMPARE(tree->selectedItems().size(), 1);
                         }
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
                         result = dialog.result();
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(result, int(QDialog::Rejected));
     QCOMPARE(edits.count(), 0);
     QCOMPARE(sliderOf(editor)->value(), 40);
@@ -1016,7 +1009,7 @@ void TestIntEditor::dialogShowsErrorState()
     node->setLinkError(true);
     IntEditor* editor = makeEditor(node);
     bool checked = false;
-    const bool shown
+    const DialogRun run
         = runDialog([&] { editor->vButtonClicked(); },
                     [&](WidgetSetNode& dialog) {
                         QTest::mouseClick(dialog.ui->rbLocalValue, Qt::LeftButton);
@@ -1028,9 +1021,9 @@ void TestIntEditor::dialogShowsErrorState()
                         QVERIFY(!ui.m_poValue->isVisible());
                         checked = true;
                         QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                    })
-              .shown;
-    QVERIFY(shown);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QVERIFY(checked);
 }
 
@@ -1041,19 +1034,19 @@ void TestIntEditor::showLinkWidgetPreselects()
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
     QString selected;
-    const bool shown = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Camera.Out")); },
-                                 [&](WidgetSetNode& dialog) {
-                                     QVERIFY(dialog.ui->rbDynamicValue->isChecked());
-                                     const QList<QTreeWidgetItem*> items
-                                         = linkTree(dialog)->selectedItems();
-                                     QCOMPARE(items.size(), 1);
-                                     selected = items.first()->data(0, Qt::UserRole).toString();
-                                     QVERIFY(dialog.ui->m_OKBtn->isEnabled());
-                                     QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
-                                     QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(shown);
+    const DialogRun run
+        = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Camera.Out")); },
+                    [&](WidgetSetNode& dialog) {
+                        QVERIFY(dialog.ui->rbDynamicValue->isChecked());
+                        const QList<QTreeWidgetItem*> items = linkTree(dialog)->selectedItems();
+                        QCOMPARE(items.size(), 1);
+                        selected = items.first()->data(0, Qt::UserRole).toString();
+                        QVERIFY(dialog.ui->m_OKBtn->isEnabled());
+                        QVERIFY(dialog.ui->m_ResetBtn->isEnabled());
+                        QTest::mouseClick(dialog.ui->m_OKBtn, Qt::LeftButton);
+                    });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(selected, QStringLiteral("Job.Camera.Out"));
     verifyOnlyEdit(edits, "Job.T.Gain", Command::SetLink,
                    QVariant(QStringLiteral("Job.Camera.Out")));
@@ -1061,16 +1054,16 @@ void TestIntEditor::showLinkWidgetPreselects()
     // The present link wins over the path asked for.
     node->setLinked(true);
     node->setLinkedPath(QStringLiteral("Job.Filter.Out"));
-    const bool again = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Camera.Out")); },
-                                 [&](WidgetSetNode& dialog) {
-                                     const QList<QTreeWidgetItem*> items
-                                         = linkTree(dialog)->selectedItems();
-                                     QCOMPARE(items.size(), 1);
-                                     selected = items.first()->data(0, Qt::UserRole).toString();
-                                     QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
-                                 })
-                           .shown;
-    QVERIFY(again);
+    const DialogRun rerun
+        = runDialog([&] { editor->showLinkWidget(QStringLiteral("Job.Camera.Out")); },
+                    [&](WidgetSetNode& dialog) {
+                        const QList<QTreeWidgetItem*> items = linkTree(dialog)->selectedItems();
+                        QCOMPARE(items.size(), 1);
+                        selected = items.first()->data(0, Qt::UserRole).toString();
+                        QTest::mouseClick(dialog.ui->m_CancelBtn, Qt::LeftButton);
+                    });
+    QVERIFY(rerun.shown);
+    QVERIFY(!rerun.leftOpen);
     QCOMPARE(selected, QStringLiteral("Job.Filter.Out"));
     QCOMPARE(edits.count(), 1);
 }
@@ -1086,10 +1079,10 @@ void TestIntEditor::outputWithoutEditableLimitsHasNoDialog()
     // With editable limits it has one.
     node->setProperty("IDataNumeric.LimitsEditable", true);
     IntEditor* limitsEditor = makeEditor(node);
-    const bool limitsShown = runDialog([&] { limitsEditor->vButtonClicked(); },
-                                       [](WidgetSetNode& dialog) { dialog.reject(); })
-                                 .shown;
-    QVERIFY(limitsShown);
+    const DialogRun limitsRun = runDialog([&] { limitsEditor->vButtonClicked(); },
+                                          [](WidgetSetNode& dialog) { dialog.reject(); });
+    QVERIFY(limitsRun.shown);
+    QVERIFY(!limitsRun.leftOpen);
 }
 
 void TestIntEditor::editorDroppedWhileDialogRuns()
@@ -1097,16 +1090,12 @@ void TestIntEditor::editorDroppedWhileDialogRuns()
     Script::DItem* node = makeNode("Job.T.Gain", Script::DItem::IoNone, 40, 0, 100, 1);
     IntEditor* editor = makeEditor(node);
     QSignalSpy edits(m_poManager.get(), &IntPropertyManager::vPropertyEdited);
-    QPointer<WidgetSetNode> seen;
-    const bool shown
-        = runDroppingEditor([&] { editor->vButtonClicked(); },
-                            [](WidgetSetNode& dialog) {
-                                retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77"));
-                            },
-                            [&] { m_poEditor.reset(); }, seen)
-              .shown;
-    QVERIFY(shown);
-    QVERIFY(!seen);
+    const DialogRun run = runDroppingEditor(
+        [&] { editor->vButtonClicked(); },
+        [](WidgetSetNode& dialog) { retype(panelOf(dialog)->ui->m_poValue, QStringLiteral("77")); },
+        [&] { m_poEditor.reset(); });
+    QVERIFY(run.shown);
+    QVERIFY(!run.leftOpen);
     QCOMPARE(edits.count(), 0);
 }
 

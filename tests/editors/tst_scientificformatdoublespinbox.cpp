@@ -19,8 +19,7 @@ const char* const kLocaleNames[] = {"C", "de"};
 
 QLocale localeNamed(const QString& name)
 {
-    return name == QLatin1String("de") ? QLocale(QLocale::German, QLocale::Germany)
-                                       : QLocale::c();
+    return name == QLatin1String("de") ? QLocale(QLocale::German, QLocale::Germany) : QLocale::c();
 }
 
 // Writes a table text in @p locale: 'D' stands for the decimal point.
@@ -86,8 +85,8 @@ private slots:
         QTest::addColumn<QString>("expected");
         for (const char* name : kLocaleNames) {
             auto row = [name](const char* title) {
-                return &(QTest::newRow(qPrintable(QString::fromLatin1(name)
-                                                  + QStringLiteral(": ") + QLatin1String(title)))
+                return &(QTest::newRow(qPrintable(QString::fromLatin1(name) + QStringLiteral(": ")
+                                                  + QLatin1String(title)))
                          << QString::fromLatin1(name));
             };
             *row("threshold stays plain") << 99999999.0 << "99999999D00";
@@ -125,8 +124,8 @@ private slots:
         QTest::addColumn<double>("expected");
         for (const char* name : kLocaleNames) {
             auto row = [name](const char* title) {
-                return &(QTest::newRow(qPrintable(QString::fromLatin1(name)
-                                                  + QStringLiteral(": ") + QLatin1String(title)))
+                return &(QTest::newRow(qPrintable(QString::fromLatin1(name) + QStringLiteral(": ")
+                                                  + QLatin1String(title)))
                          << QString::fromLatin1(name));
             };
             *row("exponent") << "1e5" << false << 100000.0;
@@ -137,10 +136,11 @@ private slots:
             // One exponent mark that doesn't make a number: the value stays.
             *row("broken exponent") << "1ex" << false << 42.0;
             *row("lone mark") << "e" << false << 42.0;
-            // No mark, or two: the base class reads the text.
+            // No mark, or two: the base class reads the text, and gives its minimum for text
+            // that it can't read.
             *row("plain") << "12D5" << true << 12.5;
-            *row("two marks") << "1e5e" << true << 0.0;
-            *row("empty") << "" << true << 0.0;
+            *row("two marks") << "1e5e" << true << -kLargest;
+            *row("empty") << "" << true << -kLargest;
         }
     }
 
@@ -158,11 +158,8 @@ private slots:
         if (fromBase) {
             PlainTwin twin(box);
             QCOMPARE(box.valueFromText(input), twin.plain.valueFromText(input));
-            if (input == localized(QStringLiteral("12D5"), locale))
-                QCOMPARE(box.valueFromText(input), expected);
-        } else {
-            QCOMPARE(box.valueFromText(input), expected);
         }
+        QCOMPARE(box.valueFromText(input), expected);
     }
 
     void validate_data()
@@ -175,8 +172,8 @@ private slots:
         const auto acceptable = QValidator::Acceptable;
         for (const char* name : kLocaleNames) {
             auto row = [name](const char* title) {
-                return &(QTest::newRow(qPrintable(QString::fromLatin1(name)
-                                                  + QStringLiteral(": ") + QLatin1String(title)))
+                return &(QTest::newRow(qPrintable(QString::fromLatin1(name) + QStringLiteral(": ")
+                                                  + QLatin1String(title)))
                          << QString::fromLatin1(name));
             };
             *row("plain number") << "12D5" << acceptable;

@@ -112,20 +112,27 @@ void TestSupport::retype(QLineEdit* field, const QString& text)
         QTest::keyClicks(field, text);
 }
 
-void TestSupport::sendMouse(QWidget* widget, QEvent::Type type, QPoint pos,
-                            Qt::MouseButton button, Qt::MouseButtons buttons)
+bool TestSupport::sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
+                            Qt::MouseButtons buttons)
 {
     QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
+    // As QTest does: a spontaneous event through notify(), which sendEvent() would reset.
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(widget, &event);
+    return event.isAccepted();
+}
+
+bool TestSupport::sendWheel(QWidget* widget, QPoint angle)
+{
+    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
+    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), angle, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(widget, &event);
+    return event.isAccepted();
 }
 
 bool TestSupport::sendWheel(QWidget* widget, int delta)
 {
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, delta),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(widget, &event);
-    return event.isAccepted();
+    return sendWheel(widget, QPoint(0, delta));
 }

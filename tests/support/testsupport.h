@@ -43,11 +43,14 @@ ModalRun runModal(const std::function<void()>& open, const std::function<void(QD
 void retype(QLineEdit* field, const QString& text);
 
 /// Sends a mouse event as the window system would; QTest cannot move the mouse with a button held.
-void sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
+/// True if the widget took the event.
+bool sendMouse(QWidget* widget, QEvent::Type type, QPoint pos, Qt::MouseButton button,
                Qt::MouseButtons buttons);
 
-/// Turns the mouse wheel by @p delta over the middle of @p widget as the window system would.
+/// Turns the mouse wheel by @p angle over the middle of @p widget as the window system would.
 /// True if the widget took the turn.
+bool sendWheel(QWidget* widget, QPoint angle);
+/// Turns the mouse wheel by @p delta, the usual vertical way.
 bool sendWheel(QWidget* widget, int delta);
 
 } // namespace TestSupport
