@@ -1,9 +1,8 @@
 #include "property_model/basepropertymanager.h"
 
-#include "property_model/widgetproperty.h"
+#include "navigator/ditemnavpainter.h"
 #include "sdk/apptranslation.h"
 #include "sdk/apputils.h"
-#include "sdk/ditem.h"
 
 #include <QStringList>
 #include <QVariant>
@@ -49,7 +48,7 @@ QIcon BasePropertyManager::valueIcon(QtProperty const*) const
 
 QIcon BasePropertyManager::propertyIcon(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (node && node->ioType() == Script::DItem::IoInput)
         return node->isLinked() ? resources->linked : resources->notLinked;
     return emptyIcon;
@@ -65,21 +64,24 @@ QString BasePropertyManager::toolTipText(QtProperty const* property) const
     return valueText(property);
 }
 
-WidgetProperty const* BasePropertyManager::poWidgetProperty(QtProperty const* property)
+std::optional<QString> BasePropertyManager::nodeValueText(QtProperty const* property,
+                                                          LinkedText linked)
 {
-    return dynamic_cast<WidgetProperty const*>(property);
-}
-
-Script::DItem const* BasePropertyManager::poNode(QtProperty const* property)
-{
-    const WidgetProperty* row = poWidgetProperty(property);
-    return row ? row->node : nullptr;
+    const Script::DItem* node = WidgetProperty::poNode(property);
+    if (!node)
+        return QString();
+    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
+    if (text)
+        return *text;
+    if (linked == LinkedText::Empty && node->isLinked())
+        return QString();
+    return std::nullopt;
 }
 
 QString BasePropertyManager::stateToolTipText(QtProperty const* property, int state,
                                               bool equalLimits) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return QString();
     const bool stateRow = equalLimits

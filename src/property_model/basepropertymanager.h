@@ -2,22 +2,19 @@
 #define PROPERTYBROWSER_MANAGERS_BASEPROPERTYMANAGER_H
 
 #include "property_model/resources.h"
+#include "property_model/widgetproperty.h"
+#include "sdk/command.h"
+#include "sdk/ditem.h"
 
 #include <QIcon>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class QtProperty;
 
-namespace Script {
-class DItem;
-}
-
 namespace PropertyBrowser {
-
-class WidgetProperty;
-
 namespace Managers {
 
 /// Second base of every manager of the property tree, beside its Qt manager class: the link
@@ -44,10 +41,31 @@ protected:
     /// The tool tip of an integer row: the host's description of @p state for a row of a module
     /// state (its description names one, or its limits are equal), otherwise the base text.
     QString stateToolTipText(QtProperty const* property, int state, bool equalLimits) const;
-    /// The row behind @p property, or null for a null property or one that is no row.
-    static WidgetProperty const* poWidgetProperty(QtProperty const* property);
-    /// The node of @p property, or null when there is no row or the row has no node yet.
-    static Script::DItem const* poNode(QtProperty const* property);
+    /// Reads @p key of the row's node as @p T (int, long or double); 0 when the row has no node,
+    /// as for a node without the key.
+    template<typename T>
+    static T nodeNumber(QtProperty const* property, const char* key)
+    {
+        const WidgetProperty* row = WidgetProperty::poRow(property);
+        return row && row->node ? row->variantToVal<T>(row->node->property(key)) : T();
+    }
+
+    /// What a linked node shows in the value column when the painter has no text for it.
+    enum class LinkedText { Value, Empty };
+    /// The value text that does not depend on the manager: empty for a row without a node, the
+    /// painter's text if the node has one, and empty for a linked node when @p linked is Empty.
+    /// Unset when the manager has to show the value itself, which implies that the row has a node.
+    static std::optional<QString> nodeValueText(QtProperty const* property, LinkedText linked);
+
+    /// Asks the host, through @p manager, to link the node at @p nodePath to @p linkPath; an
+    /// empty path unlinks. Every manager that can link answers setLink() with this.
+    template<typename Manager>
+    static bool sendLink(Manager* manager, QString const& nodePath, QString const& linkPath)
+    {
+        emit manager->vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath,
+                                      false);
+        return true;
+    }
 
     std::shared_ptr<Resources> resources;
 

@@ -21,7 +21,7 @@ QtProperty* BinaryFilePropertyManager::createProperty()
 
 QString BinaryFilePropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return QString();
     const QVariant fileName = node->property("FileName");
@@ -35,15 +35,14 @@ QIcon BinaryFilePropertyManager::valueIcon(QtProperty const* property) const
 
 bool BinaryFilePropertyManager::setLink(QString nodePath, QString linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void BinaryFilePropertyManager::setValue(QtProperty* property, QByteArray const& binaries,
                                          QString const& fileName, QString const& extension,
                                          QString const& description)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     QMap<QString, QVariant> file;

@@ -1,6 +1,5 @@
 #include "property_model/binarypropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
@@ -20,13 +19,9 @@ QtProperty* BinaryPropertyManager::createProperty()
 
 QString BinaryPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Value))
         return *text;
-    if (node->ioType() == Script::DItem::IoInput)
+    if (WidgetProperty::poNode(property)->ioType() == Script::DItem::IoInput)
         return tr("Not Linked");
     return QString();
 }
@@ -38,13 +33,12 @@ QIcon BinaryPropertyManager::valueIcon(QtProperty const* property) const
 
 bool BinaryPropertyManager::setLink(QString nodePath, QString linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void BinaryPropertyManager::setValue(QtProperty* property, QByteArray const& data)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue, data, false);

@@ -16,7 +16,7 @@ BoolEditorFactory::~BoolEditorFactory() = default;
 QWidget* BoolEditorFactory::createEditor(QtBoolPropertyManager*, QtProperty* property,
                                          QWidget* parent)
 {
-    auto* row = dynamic_cast<WidgetProperty*>(property);
+    auto* row = WidgetProperty::poRow(property);
     if (!row || !CreationRules::editable(property) || !CreationRules::allowed())
         return nullptr;
     return new Editors::BoolEditor(parent, row);

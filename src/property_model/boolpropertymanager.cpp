@@ -1,6 +1,5 @@
 #include "property_model/boolpropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
@@ -21,26 +20,21 @@ QtProperty* BoolPropertyManager::createProperty()
 
 bool BoolPropertyManager::value(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     return node && node->property("IDataBasicBool.DynamicValue").toBool();
 }
 
 QString BoolPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (node->isLinked())
-        return QString();
-    return App::getTranslatedName(node->property("IDataBasicBool.ActionReply").toString());
+    return App::getTranslatedName(
+        WidgetProperty::poNode(property)->property("IDataBasicBool.ActionReply").toString());
 }
 
 QIcon BoolPropertyManager::valueIcon(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return emptyIcon;
     // An output without a value to show and a linked node show no stale check mark.
@@ -54,13 +48,12 @@ QIcon BoolPropertyManager::valueIcon(QtProperty const* property) const
 
 bool BoolPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void BoolPropertyManager::setValue(QtProperty* property, bool value)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue, value, false);

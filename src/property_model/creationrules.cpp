@@ -12,8 +12,8 @@ namespace {
 bool nodeFlag(QtProperty const* property, const char* key)
 {
     // Only rows of the property tree carry a node; anything else has no flag set.
-    const auto* row = dynamic_cast<WidgetProperty const*>(property);
-    return row && row->node && row->node->property(key).toBool();
+    const Script::DItem* node = WidgetProperty::poNode(property);
+    return node && node->property(key).toBool();
 }
 
 } // namespace
@@ -31,6 +31,15 @@ bool CreationRules::editable(QtProperty const* property)
 bool CreationRules::limits(QtProperty const* property)
 {
     return nodeFlag(property, "IDataNumeric.LimitsEditable");
+}
+
+WidgetProperty* CreationRules::numericEditorRow(QtProperty* property)
+{
+    // A row whose value is fixed still gets its editor when its limits may be changed: the
+    // editor then shows the value read only and its dialog edits the limits.
+    if (!allowed() || !(editable(property) || limits(property)))
+        return nullptr;
+    return WidgetProperty::poRow(property);
 }
 
 } // namespace EditorFactories

@@ -4,6 +4,9 @@
 class QtProperty;
 
 namespace PropertyBrowser {
+
+class WidgetProperty;
+
 namespace EditorFactories {
 
 /// The three tests an editor factory makes before it gives a row an editor. A factory combines
@@ -17,6 +20,9 @@ public:
     static bool editable(QtProperty const* property);
     /// The limits of the row's node may be edited ("IDataNumeric.LimitsEditable").
     static bool limits(QtProperty const* property);
+    /// The row of @p property if a numeric editor may open on it: the mode allows editors, and
+    /// its value or its limits may be edited. Null otherwise.
+    static WidgetProperty* numericEditorRow(QtProperty* property);
 };
 
 } // namespace EditorFactories

@@ -16,14 +16,8 @@ DoubleEditorFactory::~DoubleEditorFactory() = default;
 QWidget* DoubleEditorFactory::createEditor(QtDoublePropertyManager*, QtProperty* property,
                                            QWidget* parent)
 {
-    auto* row = dynamic_cast<WidgetProperty*>(property);
-    if (!row)
-        return nullptr;
-    // Editable limits open the editor too, on a row whose value itself may not be edited.
-    if (!CreationRules::allowed()
-        || !(CreationRules::editable(property) || CreationRules::limits(property)))
-        return nullptr;
-    return new Editors::DoubleEditor(parent, row);
+    WidgetProperty* row = CreationRules::numericEditorRow(property);
+    return row ? new Editors::DoubleEditor(parent, row) : nullptr;
 }
 
 } // namespace EditorFactories

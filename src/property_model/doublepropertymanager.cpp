@@ -1,27 +1,10 @@
 #include "property_model/doublepropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
-#include <QtMath>
-
 namespace PropertyBrowser {
 namespace Managers {
-
-namespace {
-
-// Beyond this the fixed form gets too wide for the value column.
-constexpr double iFixedFormLimit = 99999999.0;
-
-// A row whose node is gone or not yet bound reads as 0, like a node without the key.
-double nodeValue(QtProperty const* property, const char* key)
-{
-    const WidgetProperty* row = dynamic_cast<WidgetProperty const*>(property);
-    return row && row->node ? row->variantToVal<double>(row->node->property(key)) : 0.0;
-}
-
-} // namespace
 
 DoublePropertyManager::DoublePropertyManager(QObject* parent)
     : QtDoublePropertyManager(parent)
@@ -36,22 +19,22 @@ QtProperty* DoublePropertyManager::createProperty()
 
 double DoublePropertyManager::minimum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMin");
+    return nodeNumber<double>(property, "IDataNumeric.LocalMin");
 }
 
 double DoublePropertyManager::maximum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMax");
+    return nodeNumber<double>(property, "IDataNumeric.LocalMax");
 }
 
 double DoublePropertyManager::singleStep(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalStep");
+    return nodeNumber<double>(property, "IDataNumeric.LocalStep");
 }
 
 double DoublePropertyManager::value(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.DynamicValue");
+    return nodeNumber<double>(property, "IDataNumeric.DynamicValue");
 }
 
 int DoublePropertyManager::decimals(QtProperty const*) const
@@ -61,7 +44,7 @@ int DoublePropertyManager::decimals(QtProperty const*) const
 
 QString DoublePropertyManager::toolTipText(QtProperty const* property) const
 {
-    const WidgetProperty* row = poWidgetProperty(property);
+    const WidgetProperty* row = WidgetProperty::poRow(property);
     if (!row)
         return QString();
     const double v = value(property);
@@ -74,19 +57,9 @@ QString DoublePropertyManager::toolTipText(QtProperty const* property) const
 
 QString DoublePropertyManager::valueText(QtProperty const* property) const
 {
-    const WidgetProperty* row = poWidgetProperty(property);
-    if (!row || !row->node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*row->node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (row->node->isLinked())
-        return QString();
-    const double v = value(property);
-    const QLocale locale = row->locale();
-    if (qAbs(v) > iFixedFormLimit)
-        return locale.toString(v, 'e', 4);
-    return locale.toString(v, 'f', decimals(property)).remove(locale.groupSeparator());
+    return WidgetProperty::poRow(property)->numberText(value(property), decimals(property));
 }
 
 QIcon DoublePropertyManager::valueIcon(QtProperty const* property) const
@@ -96,13 +69,12 @@ QIcon DoublePropertyManager::valueIcon(QtProperty const* property) const
 
 bool DoublePropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void DoublePropertyManager::setLimits(QtProperty* property, double minimum, double maximum)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     QMap<QString, QVariant> limits;
@@ -113,7 +85,7 @@ void DoublePropertyManager::setLimits(QtProperty* property, double minimum, doub
 
 void DoublePropertyManager::setValue(QtProperty* property, double value)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     // The upper limit is tested first, so reversed limits give the maximum; NaN gets the

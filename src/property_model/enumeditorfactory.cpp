@@ -17,13 +17,13 @@ EnumEditorFactory::~EnumEditorFactory() = default;
 QWidget* EnumEditorFactory::createEditor(QtEnumPropertyManager*, QtProperty* property,
                                          QWidget* parent)
 {
-    auto* row = dynamic_cast<WidgetProperty*>(property);
+    auto* row = WidgetProperty::poRow(property);
     if (!row || !CreationRules::editable(property) || !CreationRules::allowed())
         return nullptr;
     // A node that names a kernel matrix is a filter type, whose editor shows the kernel too;
     // that editor is not here yet, so such a row stays read only for now.
-    const QString matrixPath =
-        row->node ? row->node->property("IDataModFilter.FilterMatrixPath").toString() : QString();
+    const QString matrixPath
+        = row->node ? row->node->property("IDataModFilter.FilterMatrixPath").toString() : QString();
     if (!matrixPath.isEmpty())
         return nullptr;
     return new Editors::EnumEditor(parent, row, Editors::BaseEditor::TypeEnum);

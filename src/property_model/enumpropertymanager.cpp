@@ -1,6 +1,5 @@
 #include "property_model/enumpropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
@@ -23,7 +22,7 @@ QtProperty* EnumPropertyManager::createProperty()
 
 QString EnumPropertyManager::value(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return QString();
     if (!node->isLinked())
@@ -33,15 +32,11 @@ QString EnumPropertyManager::value(QtProperty const* property) const
 
 QString EnumPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (node->isLinked())
-        return QString();
-    const QString choice = node->property("IDataBasicEnum.DynamicStringnifiedValue").toString();
+    const QString choice = WidgetProperty::poNode(property)
+                               ->property("IDataBasicEnum.DynamicStringnifiedValue")
+                               .toString();
     // The host hands the name on as a C string, which ends at the first NUL.
     return App::getTranslatedName(choice.left(choice.indexOf(QChar(0))));
 }
@@ -53,13 +48,12 @@ QIcon EnumPropertyManager::valueIcon(QtProperty const* property) const
 
 bool EnumPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void EnumPropertyManager::setValue(QtProperty* property, QVariant value, QVariant matrix)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     // The choice goes first, so that the host knows the filter type the matrix belongs to.

@@ -1,6 +1,5 @@
 #include "property_model/idatapropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
@@ -25,11 +24,7 @@ QString IDataPropertyManager::value(QtProperty const*) const
 
 QString IDataPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    return text ? *text : QString();
+    return nodeValueText(property, LinkedText::Value).value_or(QString());
 }
 
 QIcon IDataPropertyManager::valueIcon(QtProperty const* property) const
@@ -39,8 +34,7 @@ QIcon IDataPropertyManager::valueIcon(QtProperty const* property) const
 
 bool IDataPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void IDataPropertyManager::setValue(QtProperty*, QString&) { }

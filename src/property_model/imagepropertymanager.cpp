@@ -1,6 +1,5 @@
 #include "property_model/imagepropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
@@ -22,15 +21,9 @@ QtProperty* ImagePropertyManager::createProperty()
 
 QString ImagePropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (node->isLinked())
-        return QString();
-    if (node->isLinkable())
+    if (WidgetProperty::poNode(property)->isLinkable())
         return App::getTranslatedName(tr("Not Linked"));
     return QString();
 }
@@ -43,7 +36,7 @@ QIcon ImagePropertyManager::valueIcon(QtProperty const* property) const
 QIcon ImagePropertyManager::propertyIcon(QtProperty const* property) const
 {
     using Script::GraphicItems::WImage::Image;
-    const auto* image = qobject_cast<const Image*>(poNode(property));
+    const auto* image = qobject_cast<const Image*>(WidgetProperty::poNode(property));
     if (image && image->linkMode() == Image::LinkPerChannel) {
         switch (image->linkedChannelCount()) {
         case 0:
@@ -62,8 +55,7 @@ QIcon ImagePropertyManager::propertyIcon(QtProperty const* property) const
 
 bool ImagePropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 bool ImagePropertyManager::selectLink(QString const& nodePath, QString const& linkPath)
@@ -74,7 +66,7 @@ bool ImagePropertyManager::selectLink(QString const& nodePath, QString const& li
 
 void ImagePropertyManager::setValue(QtProperty* property, QImage image)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue, QVariant(image),

@@ -1,22 +1,10 @@
 #include "property_model/int64propertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
 namespace PropertyBrowser {
 namespace Managers {
-
-namespace {
-
-// A row whose node is gone or not yet bound reads as 0, like a node without the key.
-long long nodeValue(QtProperty const* property, const char* key)
-{
-    const WidgetProperty* row = dynamic_cast<WidgetProperty const*>(property);
-    return row && row->node ? row->variantToVal<long>(row->node->property(key)) : 0;
-}
-
-} // namespace
 
 Int64PropertyManager::Int64PropertyManager(QObject* parent)
     : QtAbstractPropertyManager(parent)
@@ -38,31 +26,27 @@ QString Int64PropertyManager::toolTipText(QtProperty const* property) const
 
 long long Int64PropertyManager::value(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.DynamicValue");
+    return nodeNumber<long>(property, "IDataNumeric.DynamicValue");
 }
 
 long long Int64PropertyManager::minimum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMin");
+    return nodeNumber<long>(property, "IDataNumeric.LocalMin");
 }
 
 long long Int64PropertyManager::maximum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMax");
+    return nodeNumber<long>(property, "IDataNumeric.LocalMax");
 }
 
 long long Int64PropertyManager::singleStep(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalStep");
+    return nodeNumber<long>(property, "IDataNumeric.LocalStep");
 }
 
 QString Int64PropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Value))
         return *text;
     return QVariant(value(property)).toString();
 }
@@ -76,13 +60,12 @@ QIcon Int64PropertyManager::valueIcon(QtProperty const* property) const
 
 bool Int64PropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void Int64PropertyManager::setLimits(QtProperty* property, long long minimum, long long maximum)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     QMap<QString, QVariant> limits;
@@ -93,7 +76,7 @@ void Int64PropertyManager::setLimits(QtProperty* property, long long minimum, lo
 
 void Int64PropertyManager::setValue(QtProperty* property, long long value)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue,

@@ -16,15 +16,8 @@ IntEditorFactory::~IntEditorFactory() = default;
 QWidget* IntEditorFactory::createEditor(QtIntPropertyManager*, QtProperty* property,
                                         QWidget* parent)
 {
-    // A row whose value is fixed still gets its editor when its limits may be changed: the
-    // editor then shows the value read only and its dialog edits the limits.
-    if (!CreationRules::allowed()
-        || !(CreationRules::editable(property) || CreationRules::limits(property)))
-        return nullptr;
-    auto* row = dynamic_cast<WidgetProperty*>(property);
-    if (!row)
-        return nullptr;
-    return new Editors::IntEditor(parent, row);
+    WidgetProperty* row = CreationRules::numericEditorRow(property);
+    return row ? new Editors::IntEditor(parent, row) : nullptr;
 }
 
 } // namespace EditorFactories

@@ -1,22 +1,10 @@
 #include "property_model/intpropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
 namespace PropertyBrowser {
 namespace Managers {
-
-namespace {
-
-// A row whose node is gone or not yet bound reads as 0, like a node without the key.
-int nodeValue(QtProperty const* property, const char* key)
-{
-    const WidgetProperty* row = dynamic_cast<WidgetProperty const*>(property);
-    return row && row->node ? row->variantToVal<int>(row->node->property(key)) : 0;
-}
-
-} // namespace
 
 IntPropertyManager::IntPropertyManager(QObject* parent)
     : QtIntPropertyManager(parent)
@@ -36,31 +24,27 @@ QString IntPropertyManager::toolTipText(QtProperty const* property) const
 
 int IntPropertyManager::value(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.DynamicValue");
+    return nodeNumber<int>(property, "IDataNumeric.DynamicValue");
 }
 
 int IntPropertyManager::minimum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMin");
+    return nodeNumber<int>(property, "IDataNumeric.LocalMin");
 }
 
 int IntPropertyManager::maximum(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalMax");
+    return nodeNumber<int>(property, "IDataNumeric.LocalMax");
 }
 
 int IntPropertyManager::singleStep(QtProperty const* property) const
 {
-    return nodeValue(property, "IDataNumeric.LocalStep");
+    return nodeNumber<int>(property, "IDataNumeric.LocalStep");
 }
 
 QString IntPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Value))
         return *text;
     return QVariant(value(property)).toString();
 }
@@ -72,13 +56,12 @@ QIcon IntPropertyManager::valueIcon(QtProperty const* property) const
 
 bool IntPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void IntPropertyManager::setLimits(QtProperty* property, int minimum, int maximum)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     QMap<QString, QVariant> limits;
@@ -89,7 +72,7 @@ void IntPropertyManager::setLimits(QtProperty* property, int minimum, int maximu
 
 void IntPropertyManager::setValue(QtProperty* property, int value)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue, value, false);

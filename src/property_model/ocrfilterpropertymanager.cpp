@@ -1,6 +1,5 @@
 #include "property_model/ocrfilterpropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
 
@@ -22,17 +21,15 @@ QtProperty* OcrFilterPropertyManager::createProperty()
 
 QString OcrFilterPropertyManager::value(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     return node ? node->property("IDataBasicString.DynamicValue").toString() : QString();
 }
 
 QString OcrFilterPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    return text ? *text : value(property);
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Value))
+        return *text;
+    return value(property);
 }
 
 QIcon OcrFilterPropertyManager::valueIcon(QtProperty const* property) const
@@ -50,7 +47,7 @@ void OcrFilterPropertyManager::setValue(QtProperty*, QString&) { }
 void OcrFilterPropertyManager::setValue(QtProperty* property, QString const& filterName,
                                         QString const& filterValue)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue,

@@ -1,29 +1,12 @@
 #include "property_model/pointpropertymanager.h"
 
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/ditem.h"
-
-#include <QtMath>
 
 #include <vector>
 
 namespace PropertyBrowser {
 namespace Managers {
-
-namespace {
-
-// Beyond this the fixed form gets too wide for the value column, as for a double row.
-constexpr double iFixedFormLimit = 99999999.0;
-
-QString axisText(const QLocale& locale, double value)
-{
-    if (qAbs(value) <= iFixedFormLimit)
-        return locale.toString(value, 'f', 2).remove(locale.groupSeparator());
-    return locale.toString(value, 'e', 4);
-}
-
-} // namespace
 
 PointPropertyManager::PointPropertyManager(QObject* parent)
     : QtStringPropertyManager(parent)
@@ -38,20 +21,15 @@ QtProperty* PointPropertyManager::createProperty()
 
 QString PointPropertyManager::valueText(QtProperty const* property) const
 {
-    const WidgetProperty* row = poWidgetProperty(property);
-    if (!row || !row->node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*row->node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (row->node->isLinked())
-        return QString();
+    const WidgetProperty* row = WidgetProperty::poRow(property);
     const std::vector<double> values = row->point_DynamicValue();
-    const QLocale locale = row->locale();
+    // Two decimals where a double row has four: three values share the cell.
     return QStringLiteral("[%1, %2, %3]")
-        .arg(axisText(locale, values[0]))
-        .arg(axisText(locale, values[1]))
-        .arg(axisText(locale, values[2]));
+        .arg(row->numberText(values[0], 2))
+        .arg(row->numberText(values[1], 2))
+        .arg(row->numberText(values[2], 2));
 }
 
 QIcon PointPropertyManager::valueIcon(QtProperty const* property) const
@@ -61,8 +39,7 @@ QIcon PointPropertyManager::valueIcon(QtProperty const* property) const
 
 bool PointPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void PointPropertyManager::setValue(QtProperty*, QString const&) { }

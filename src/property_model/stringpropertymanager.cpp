@@ -1,7 +1,6 @@
 #include "property_model/stringpropertymanager.h"
 
 #include "dialogs/customcharactermap.h"
-#include "navigator/ditemnavpainter.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/ditem.h"
@@ -22,20 +21,14 @@ QtProperty* StringPropertyManager::createProperty()
 
 QString StringPropertyManager::value(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     return node ? node->property("IDataBasicString.DynamicValue").toString() : QString();
 }
 
 QString StringPropertyManager::valueText(QtProperty const* property) const
 {
-    const Script::DItem* node = poNode(property);
-    if (!node)
-        return QString();
-    const QSharedPointer<QString> text = DItemNavPainter(*node).getValueText();
-    if (text)
+    if (const std::optional<QString> text = nodeValueText(property, LinkedText::Empty))
         return *text;
-    if (node->isLinked())
-        return QString();
     const QString shown = CustomCharacterMap::toDisplayString(value(property));
     // The host hands the name on as a C string, which ends at the first NUL.
     return App::getTranslatedName(shown.left(shown.indexOf(QChar(0))));
@@ -48,13 +41,12 @@ QIcon StringPropertyManager::valueIcon(QtProperty const* property) const
 
 bool StringPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
-    emit vPropertyEdited(nodePath, VardeenDefs::PropertyEditor::SetLink, linkPath, false);
-    return true;
+    return sendLink(this, nodePath, linkPath);
 }
 
 void StringPropertyManager::setValue(QtProperty* property, QString const& text)
 {
-    const Script::DItem* node = poNode(property);
+    const Script::DItem* node = WidgetProperty::poNode(property);
     if (!node)
         return;
     emit vPropertyEdited(node->iDataPath(), VardeenDefs::PropertyEditor::SetValue,

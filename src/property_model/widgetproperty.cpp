@@ -4,6 +4,7 @@
 #include "sdk/ditem.h"
 
 #include <QStringList>
+#include <QtMath>
 
 namespace PropertyBrowser {
 
@@ -11,14 +12,8 @@ std::function<std::string(int)> WidgetProperty::m_ErrorDescription;
 
 namespace {
 
-// A node that names no axis node, or names one that cannot be read as a number, counts as 0.
-qlonglong axisAddress(const Script::DItem& node, const char* key)
-{
-    QVariant value = node.property(key);
-    if (value.userType() == QMetaType::LongLong)
-        return value.toLongLong();
-    return value.convert(QMetaType::LongLong) ? value.toLongLong() : 0;
-}
+// Beyond this the fixed form gets too wide for the value column.
+constexpr double iFixedFormLimit = 99999999.0;
 
 } // namespace
 
@@ -47,6 +42,44 @@ QLocale WidgetProperty::locale() const
     return fixedLocale;
 }
 
+QString WidgetProperty::numberText(double value, int decimals) const
+{
+    const QLocale fixedLocale = locale();
+    if (qAbs(value) > iFixedFormLimit)
+        return fixedLocale.toString(value, 'e', 4);
+    return fixedLocale.toString(value, 'f', decimals).remove(fixedLocale.groupSeparator());
+}
+
+WidgetProperty* WidgetProperty::poRow(QtProperty* property)
+{
+    return dynamic_cast<WidgetProperty*>(property);
+}
+
+WidgetProperty const* WidgetProperty::poRow(QtProperty const* property)
+{
+    return dynamic_cast<WidgetProperty const*>(property);
+}
+
+Script::DItem const* WidgetProperty::poNode(QtProperty const* property)
+{
+    const WidgetProperty* row = poRow(property);
+    return row ? row->node : nullptr;
+}
+
+Script::DItem* WidgetProperty::poNodeAt(QVariant const& address)
+{
+    qlonglong value = 0;
+    if (address.userType() == QMetaType::LongLong) {
+        value = address.toLongLong();
+    } else {
+        QVariant converted = address;
+        if (converted.convert(QMetaType::LongLong))
+            value = converted.toLongLong();
+    }
+    // The host stores its nodes as their addresses; they outlive the rows that show them.
+    return reinterpret_cast<Script::DItem*>(static_cast<quintptr>(value));
+}
+
 template<>
 int WidgetProperty::variantToVal<int>(QVariant const& value) const
 {
@@ -65,6 +98,12 @@ double WidgetProperty::variantToVal<double>(QVariant const& value) const
     return value.toDouble();
 }
 
+std::array<Script::DItem const*, 3> WidgetProperty::poPointAxes(Script::DItem const& node)
+{
+    return {poNodeAt(node.property("IDataGeoPoint.X")), poNodeAt(node.property("IDataGeoPoint.Y")),
+            poNodeAt(node.property("IDataGeoPoint.Z"))};
+}
+
 std::pair<bool, bool> WidgetProperty::numeric_DisplayBar() const
 {
     if (!node)
@@ -80,18 +119,11 @@ std::vector<double> WidgetProperty::point_DynamicValue() const
     std::vector<double> values(3, 0.0);
     if (!node)
         return values;
-    const qlonglong addresses[3]
-        = {axisAddress(*node, "IDataGeoPoint.X"), axisAddress(*node, "IDataGeoPoint.Y"),
-           axisAddress(*node, "IDataGeoPoint.Z")};
-    for (qlonglong address : addresses) {
-        if (address == 0)
-            return values;
-    }
-    for (int axis = 0; axis < 3; ++axis) {
-        // The host stores the axis nodes as their addresses; they live as long as the point.
-        const auto* axisNode = reinterpret_cast<const Script::DItem*>(addresses[axis]);
-        values[axis] = axisNode->property("IDataNumeric.DynamicValue").toDouble();
-    }
+    const std::array<Script::DItem const*, 3> axes = poPointAxes(*node);
+    if (!axes[0] || !axes[1] || !axes[2])
+        return values;
+    for (int axis = 0; axis < 3; ++axis)
+        values[axis] = axes[axis]->property("IDataNumeric.DynamicValue").toDouble();
     return values;
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <array>
 #include <functional>
 #include <string>
 #include <utility>
@@ -41,6 +42,9 @@ public:
     /// The locale of every number in the property tree: English (United States), whatever the
     /// system locale.
     QLocale locale() const;
+    /// @p value for the value column in locale(): fixed with @p decimals and no group separator,
+    /// or in exponent form with four decimals when the fixed form would be too wide.
+    QString numberText(double value, int decimals) const;
 
     /// Reads @p value as the numeric type of a row: int, long (64-bit) or double.
     template<typename T>
@@ -65,6 +69,17 @@ public:
 
     /// Turns a module state number into its description; assigned by the host, never here.
     static std::function<std::string(int)> m_ErrorDescription;
+
+    /// The row behind @p property, or null for a null property or one that is no row.
+    static WidgetProperty* poRow(QtProperty* property);
+    static WidgetProperty const* poRow(QtProperty const* property);
+    /// The node of @p property's row; null without a row or before setData().
+    static Script::DItem const* poNode(QtProperty const* property);
+    /// The node whose address the host stored in @p address as a 64-bit integer; null for 0 or
+    /// for a value that cannot be read as a number.
+    static Script::DItem* poNodeAt(QVariant const& address);
+    /// The X, Y and Z axis nodes of the point @p node; each null when the point names none.
+    static std::array<Script::DItem const*, 3> poPointAxes(Script::DItem const& node);
 };
 
 template<>

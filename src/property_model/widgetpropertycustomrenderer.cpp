@@ -32,7 +32,8 @@ QIcon browseIcon(const QSize& size, qreal pixelRatio)
     pixmap.setDevicePixelRatio(pixelRatio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    QSvgRenderer(QStringLiteral(":/images/browse_settings.svg")).render(&painter, QRectF(QPointF(), size));
+    QSvgRenderer(QStringLiteral(":/images/browse_settings.svg"))
+        .render(&painter, QRectF(QPointF(), size));
     painter.end();
     return QIcon(pixmap);
 }
@@ -58,7 +59,7 @@ void WidgetPropertyCustomRenderer::drawBrowseButton(QPainter* painter, QStyleOpt
     // The delegate calls twice for each value cell; the flag lets exactly one of the two draw.
     if (index.column() == 1 && !skipButton && property) {
         painter->save();
-        const auto* row = dynamic_cast<const WidgetProperty*>(property);
+        const auto* row = WidgetProperty::poRow(property);
         const Script::DItem* node = row ? row->node : nullptr;
         const std::pair<bool, bool> bar
             = row ? row->numeric_DisplayBar() : std::pair<bool, bool>(false, false);
@@ -82,7 +83,7 @@ void WidgetPropertyCustomRenderer::drawBrowseButton(QPainter* painter, QStyleOpt
 void WidgetPropertyCustomRenderer::drawValueBars(QPainter* painter, QStyleOptionViewItem& option,
                                                  const QModelIndex& index, QtProperty* property)
 {
-    const auto* row = dynamic_cast<const WidgetProperty*>(property);
+    const auto* row = WidgetProperty::poRow(property);
     const Script::DItem* node = row ? row->node : nullptr;
     painter->save();
     if (index.column() == 0) {
@@ -92,13 +93,6 @@ void WidgetPropertyCustomRenderer::drawValueBars(QPainter* painter, QStyleOption
                                      : QFont::StyleItalic);
         const QRect r = option.rect;
         barRect = QRect(QPoint(r.left(), r.bottom() - 3), QPoint(r.right(), r.bottom() - 1));
-        const int indentation = browser ? browser->indentation() : 0;
-        // The cell starts after indentation * level pixels, so subtracting them keeps the
-        // range's right end 16 pixels short of the column's end at every depth.
-        rangeRect
-            = QRect(QPoint(barRect.left() + 15, barRect.top()),
-                    QPoint(barRect.left() + r.right() - 16 - indentation * propertyLevel(property),
-                           barRect.top() + 2));
         const std::pair<bool, bool> bar
             = row ? row->numeric_DisplayBar() : std::pair<bool, bool>(false, false);
         if (node && bar.first) {
@@ -116,6 +110,14 @@ void WidgetPropertyCustomRenderer::drawValueBars(QPainter* painter, QStyleOption
                 } else if (maximum == minimum) {
                     drawEmptyBar(painter, QBrush(value == minimum ? Qt::darkGreen : Qt::darkRed));
                 } else {
+                    // Only a range needs the row's depth, which costs a search of the browser's
+                    // items. The cell starts after indentation * level pixels, so subtracting
+                    // them keeps the range's right end 16 pixels short of the column's end.
+                    const int indentation = browser ? browser->indentation() : 0;
+                    rangeRect = QRect(QPoint(barRect.left() + 15, barRect.top()),
+                                      QPoint(barRect.left() + r.right() - 16
+                                                 - indentation * propertyLevel(property),
+                                             barRect.top() + 2));
                     drawRangeBar(painter);
                     const double span = maximum - minimum;
                     drawMarker(painter,

@@ -59,11 +59,6 @@ const int kArrowCursor = 0x10;
 QString storedPropertyID;
 bool showOfflineMessage = false;
 
-Script::DItem* nodeAt(const QVariant& address)
-{
-    return reinterpret_cast<Script::DItem*>(static_cast<quintptr>(address.toULongLong()));
-}
-
 } // namespace
 
 WTreePropertyBrowser::WTreePropertyBrowser(QWidget* parent)
@@ -222,8 +217,8 @@ WidgetProperty* WTreePropertyBrowser::createPropertyItem(Script::DItem const& no
     } else if (type == QLatin1String("IDataBasicString")) {
         const bool ocrFilter = path.contains(QLatin1String("Fielding.Set."))
             && node.ioType() == Script::DItem::IoNone;
-        manager = ocrFilter ? static_cast<QtAbstractPropertyManager*>(ocrFilterManager)
-                            : stringManager;
+        manager
+            = ocrFilter ? static_cast<QtAbstractPropertyManager*>(ocrFilterManager) : stringManager;
     } else if (type == QLatin1String("IDataBinary")) {
         manager = binaryManager;
         children = false;
@@ -244,9 +239,7 @@ WidgetProperty* WTreePropertyBrowser::createPropertyItem(Script::DItem const& no
         return nullptr;
 
     if (manager == pointManager) {
-        const Script::DItem* axes[] = {nodeAt(node.property("IDataGeoPoint.X")),
-                                       nodeAt(node.property("IDataGeoPoint.Y")),
-                                       nodeAt(node.property("IDataGeoPoint.Z"))};
+        const std::array<Script::DItem const*, 3> axes = WidgetProperty::poPointAxes(node);
         // A point without all three axis nodes shows its value alone, without axis rows.
         if (axes[0] && axes[1] && axes[2]) {
             for (const Script::DItem* axis : axes) {
@@ -273,7 +266,7 @@ void WTreePropertyBrowser::createChildrenNodes(Script::DItem const& node, Widget
 {
     const QVariantList children = node.property("IData.Children").toList();
     for (const QVariant& entry : children) {
-        const Script::DItem* child = nodeAt(entry);
+        const Script::DItem* child = WidgetProperty::poNodeAt(entry);
         // A child that has a row already is left alone, so an update adds only late children.
         if (!child || propertyExists(child->iDataPath()))
             continue;
@@ -329,7 +322,7 @@ QtBrowserItem* WTreePropertyBrowser::getBrowserItem(WidgetProperty& row)
 
 QString WTreePropertyBrowser::getPropertyPath(QtProperty const* property)
 {
-    const auto* row = dynamic_cast<WidgetProperty const*>(property);
+    const auto* row = WidgetProperty::poRow(property);
     return row && row->node ? row->node->iDataPath() : QString();
 }
 
@@ -368,8 +361,7 @@ void WTreePropertyBrowser::refreshItemVisiblity()
     for (WidgetProperty* row : qAsConst(wPropertyMapping)) {
         const Script::DItem* node = row->node;
         bool visible = (node && node->property("IData.IsGuiVisible").toBool()) || mode == 1;
-        const QVariant unavailable
-            = node ? node->property("GUI.Unavailable") : QVariant();
+        const QVariant unavailable = node ? node->property("GUI.Unavailable") : QVariant();
         if (unavailable.isValid() && unavailable.toBool())
             visible = false;
         if (row->property("HideSubProperty").toBool())
@@ -465,8 +457,8 @@ void WTreePropertyBrowser::saveSplitterPosition()
     if (position == splitterPos)
         return;
     splitterPos = position;
-    if (Settings::WAppSetting* group = Settings::WAppSettings::instance()->find_setting(
-            kPropertyEditor))
+    if (Settings::WAppSetting* group
+        = Settings::WAppSettings::instance()->find_setting(kPropertyEditor))
         group->setValueOf(kSplitterPos, position);
 }
 

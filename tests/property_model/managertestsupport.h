@@ -6,6 +6,7 @@
 
 #include <QIcon>
 #include <QImage>
+#include <QList>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -36,6 +37,20 @@ inline QImage chainImage(Chain chain)
         break;
     }
     return QImage();
+}
+
+/// Checks that the link icons load and look different from each other and from no icon; if they
+/// did not, every row compared with chainImage() would pass whatever icon it showed.
+inline void verifyChainImagesDiffer()
+{
+    const QList<QImage> chains
+        = {chainImage(Chain::Open), chainImage(Chain::Closed), chainImage(Chain::Partial)};
+    for (int i = 0; i < chains.size(); ++i) {
+        QVERIFY(!chains.at(i).isNull());
+        QVERIFY(chains.at(i) != chainImage(Chain::None));
+        for (int j = i + 1; j < chains.size(); ++j)
+            QVERIFY(chains.at(i) != chains.at(j));
+    }
 }
 
 /// Checks the spy's emission @p index of vPropertyEdited, argument by argument.

@@ -31,6 +31,7 @@
 #include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
 
+#include "showwidget.h"
 #include "testsupport.h"
 
 #include <QLineEdit>
@@ -137,7 +138,11 @@ private:
 void TestEditorFactories::initTestCase()
 {
     TestSupport::failOnWarnings();
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    // The offline message must answer at once, also when the test runs outside ctest.
+    Utils::DialogAutomation::setEnabled(true);
+    WidgetProperty::m_ErrorDescription = [](int state) {
+        return "state " + std::to_string(state);
+    };
 }
 
 void TestEditorFactories::cleanup()
@@ -213,8 +218,8 @@ void TestEditorFactories::editableAndLimits_data()
     QTest::newRow("as text") << QVariant(QStringLiteral("true")) << QVariant(QStringLiteral("1"))
                              << true << true;
     QTest::newRow("as numbers") << QVariant(1) << QVariant(0) << true << false;
-    QTest::newRow("false as text") << QVariant(QStringLiteral("false"))
-                                   << QVariant(QStringLiteral("0")) << false << false;
+    QTest::newRow("false as text")
+        << QVariant(QStringLiteral("false")) << QVariant(QStringLiteral("0")) << false << false;
 }
 
 void TestEditorFactories::editableAndLimits()
@@ -262,51 +267,56 @@ void TestEditorFactories::factoriesAnswerAnEditableRow_data()
 
     QTest::newRow("int") << FactoryProbe(
         askFactory<Factories::IntEditorFactory, Managers::IntPropertyManager, QtIntPropertyManager>)
-                         << "IDataBasicInt" << "IntPropertyEditor";
-    QTest::newRow("int64")
-        << FactoryProbe(askFactory<Factories::Int64EditorFactory, Managers::Int64PropertyManager,
-                                   Managers::Int64PropertyManager>)
-        << "IDataBasicInt64" << "Int64PropertyEditor";
-    QTest::newRow("double")
-        << FactoryProbe(askFactory<Factories::DoubleEditorFactory, Managers::DoublePropertyManager,
-                                   QtDoublePropertyManager>)
-        << "IDataBasicDouble" << "DoublePropertyEditor";
-    QTest::newRow("bool")
-        << FactoryProbe(askFactory<Factories::BoolEditorFactory, Managers::BoolPropertyManager,
-                                   QtBoolPropertyManager>)
-        << "IDataBasicBool" << "BoolPropertyEditor";
-    QTest::newRow("enum")
-        << FactoryProbe(askFactory<Factories::EnumEditorFactory, Managers::EnumPropertyManager,
-                                   QtEnumPropertyManager>)
-        << "IDataBasicEnum" << "EnumPropertyEditor";
-    QTest::newRow("string")
-        << FactoryProbe(askFactory<Factories::StringEditorFactory, Managers::StringPropertyManager,
-                                   QtStringPropertyManager>)
-        << "IDataBasicString" << QString();
-    QTest::newRow("image")
-        << FactoryProbe(askFactory<Factories::ImageEditorFactory, Managers::ImagePropertyManager,
-                                   QtStringPropertyManager>)
-        << "IDataImage" << QString();
-    QTest::newRow("idata")
-        << FactoryProbe(askFactory<Factories::IDataEditorFactory, Managers::IDataPropertyManager,
-                                   QtStringPropertyManager>)
-        << "IDataModule" << QString();
-    QTest::newRow("point")
-        << FactoryProbe(askFactory<Factories::PointEditorFactory, Managers::PointPropertyManager,
-                                   QtStringPropertyManager>)
-        << "IDataGeoPoint" << QString();
-    QTest::newRow("binary")
-        << FactoryProbe(askFactory<Factories::BinaryEditorFactory, Managers::BinaryPropertyManager,
-                                   QtStringPropertyManager>)
-        << "IDataBinary" << QString();
-    QTest::newRow("binary file")
-        << FactoryProbe(askFactory<Factories::BinaryFileEditorFactory,
-                                   Managers::BinaryFilePropertyManager, QtStringPropertyManager>)
-        << "IDataBinaryFile" << QString();
-    QTest::newRow("ocr filter")
-        << FactoryProbe(askFactory<Factories::OcrFilterEditorFactory,
-                                   Managers::OcrFilterPropertyManager, QtStringPropertyManager>)
-        << "IDataBasicString" << QString();
+                         << "IDataBasicInt"
+                         << "IntPropertyEditor";
+    QTest::newRow("int64") << FactoryProbe(
+        askFactory<Factories::Int64EditorFactory, Managers::Int64PropertyManager,
+                   Managers::Int64PropertyManager>)
+                           << "IDataBasicInt64"
+                           << "Int64PropertyEditor";
+    QTest::newRow("double") << FactoryProbe(
+        askFactory<Factories::DoubleEditorFactory, Managers::DoublePropertyManager,
+                   QtDoublePropertyManager>)
+                            << "IDataBasicDouble"
+                            << "DoublePropertyEditor";
+    QTest::newRow("bool") << FactoryProbe(
+        askFactory<Factories::BoolEditorFactory, Managers::BoolPropertyManager,
+                   QtBoolPropertyManager>)
+                          << "IDataBasicBool"
+                          << "BoolPropertyEditor";
+    QTest::newRow("enum") << FactoryProbe(
+        askFactory<Factories::EnumEditorFactory, Managers::EnumPropertyManager,
+                   QtEnumPropertyManager>)
+                          << "IDataBasicEnum"
+                          << "EnumPropertyEditor";
+    QTest::newRow("string") << FactoryProbe(
+        askFactory<Factories::StringEditorFactory, Managers::StringPropertyManager,
+                   QtStringPropertyManager>)
+                            << "IDataBasicString" << QString();
+    QTest::newRow("image") << FactoryProbe(
+        askFactory<Factories::ImageEditorFactory, Managers::ImagePropertyManager,
+                   QtStringPropertyManager>)
+                           << "IDataImage" << QString();
+    QTest::newRow("idata") << FactoryProbe(
+        askFactory<Factories::IDataEditorFactory, Managers::IDataPropertyManager,
+                   QtStringPropertyManager>)
+                           << "IDataModule" << QString();
+    QTest::newRow("point") << FactoryProbe(
+        askFactory<Factories::PointEditorFactory, Managers::PointPropertyManager,
+                   QtStringPropertyManager>)
+                           << "IDataGeoPoint" << QString();
+    QTest::newRow("binary") << FactoryProbe(
+        askFactory<Factories::BinaryEditorFactory, Managers::BinaryPropertyManager,
+                   QtStringPropertyManager>)
+                            << "IDataBinary" << QString();
+    QTest::newRow("binary file") << FactoryProbe(
+        askFactory<Factories::BinaryFileEditorFactory, Managers::BinaryFilePropertyManager,
+                   QtStringPropertyManager>)
+                                 << "IDataBinaryFile" << QString();
+    QTest::newRow("ocr filter") << FactoryProbe(
+        askFactory<Factories::OcrFilterEditorFactory, Managers::OcrFilterPropertyManager,
+                   QtStringPropertyManager>)
+                                << "IDataBasicString" << QString();
 }
 
 void TestEditorFactories::factoriesAnswerAnEditableRow()
@@ -341,18 +351,30 @@ void TestEditorFactories::noEditorWhenModeForbidsEditing_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("path");
-    QTest::newRow("int") << "IDataBasicInt" << "Job.Camera.A";
-    QTest::newRow("int64") << "IDataBasicInt64" << "Job.Camera.A";
-    QTest::newRow("double") << "IDataBasicDouble" << "Job.Camera.A";
-    QTest::newRow("bool") << "IDataBasicBool" << "Job.Camera.A";
-    QTest::newRow("enum") << "IDataBasicEnum" << "Job.Camera.A";
-    QTest::newRow("string") << "IDataBasicString" << "Job.Camera.A";
-    QTest::newRow("image") << "IDataImage" << "Job.Camera.A";
-    QTest::newRow("idata") << "IDataModule" << "Job.Camera.A";
-    QTest::newRow("point") << "IDataGeoPoint" << "Job.Camera.A";
-    QTest::newRow("binary") << "IDataBinary" << "Job.Camera.A";
-    QTest::newRow("binary file") << "IDataBinaryFile" << "Job.Camera.A";
-    QTest::newRow("ocr filter") << "IDataBasicString" << "Job.Fielding.Set.Camera";
+    QTest::newRow("int") << "IDataBasicInt"
+                         << "Job.Camera.A";
+    QTest::newRow("int64") << "IDataBasicInt64"
+                           << "Job.Camera.A";
+    QTest::newRow("double") << "IDataBasicDouble"
+                            << "Job.Camera.A";
+    QTest::newRow("bool") << "IDataBasicBool"
+                          << "Job.Camera.A";
+    QTest::newRow("enum") << "IDataBasicEnum"
+                          << "Job.Camera.A";
+    QTest::newRow("string") << "IDataBasicString"
+                            << "Job.Camera.A";
+    QTest::newRow("image") << "IDataImage"
+                           << "Job.Camera.A";
+    QTest::newRow("idata") << "IDataModule"
+                           << "Job.Camera.A";
+    QTest::newRow("point") << "IDataGeoPoint"
+                           << "Job.Camera.A";
+    QTest::newRow("binary") << "IDataBinary"
+                            << "Job.Camera.A";
+    QTest::newRow("binary file") << "IDataBinaryFile"
+                                 << "Job.Camera.A";
+    QTest::newRow("ocr filter") << "IDataBasicString"
+                                << "Job.Fielding.Set.Camera";
 }
 
 void TestEditorFactories::noEditorWhenModeForbidsEditing()
@@ -372,8 +394,7 @@ void TestEditorFactories::noEditorWhenModeForbidsEditing()
     QVERIFY(parent.findChildren<QWidget*>().isEmpty());
 
     // Through the tree as a click opens it.
-    m_poBrowser->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_poBrowser));
+    QVERIFY(showWidget(m_poBrowser));
     QtBrowserItem* item = m_poBrowser->topLevelItem(row);
     m_poBrowser->editItem(item);
     QCOMPARE(m_poBrowser->currentItem(), item);
@@ -412,8 +433,7 @@ void TestEditorFactories::ruleFollowingFactoryThroughBrowser()
     m_poBrowser->setFactoryForManager<QtIntPropertyManager>(
         static_cast<QtIntPropertyManager*>(row->propertyManager()), &factory);
 
-    m_poBrowser->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_poBrowser));
+    QVERIFY(showWidget(m_poBrowser));
     m_poBrowser->editItem(m_poBrowser->topLevelItem(row));
     QCOMPARE(factory.asked, 1);
     auto* view = m_poBrowser->findChild<QTreeView*>();

@@ -131,6 +131,7 @@ void TestImagePointBinaryManagers::initTestCase()
     TestSupport::failOnWarnings();
     qRegisterMetaType<QtProperty*>();
     qRegisterMetaType<Command>();
+    ManagerTest::verifyChainImagesDiffer();
 }
 
 void TestImagePointBinaryManagers::cleanup()

@@ -10,6 +10,7 @@
 #include "managertestsupport.h"
 #include "testsupport.h"
 
+#include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -104,6 +105,10 @@ void TestNumericManagers::initTestCase()
     TestSupport::failOnWarnings();
     qRegisterMetaType<QtProperty*>();
     qRegisterMetaType<Command>();
+    ManagerTest::verifyChainImagesDiffer();
+    // The run with a German system proves nothing unless the system locale really is German.
+    if (qEnvironmentVariable("LC_ALL").startsWith(QLatin1String("de")))
+        QCOMPARE(QLocale::system().decimalPoint(), QLatin1Char(','));
 }
 
 void TestNumericManagers::cleanup()

@@ -31,6 +31,7 @@ using ManagerTest::Chain;
 using ManagerTest::chainImage;
 using ManagerTest::iconImage;
 using ManagerTest::verifyEdit;
+using ManagerTest::verifyOnlyEdit;
 
 namespace {
 
@@ -149,6 +150,7 @@ void TestTextChoiceManagers::initTestCase()
     TestSupport::failOnWarnings();
     qRegisterMetaType<QtProperty*>();
     qRegisterMetaType<Command>();
+    ManagerTest::verifyChainImagesDiffer();
 }
 
 void TestTextChoiceManagers::cleanup()
@@ -400,9 +402,8 @@ void TestTextChoiceManagers::setValueString()
     auto* manager = static_cast<StringPropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &StringPropertyManager::vPropertyEdited);
     manager->setValue(f.property, QStringLiteral("go") + QChar(0x240D) + QChar(0x241D));
-    verifyEdit(spy, 0, QStringLiteral("Job.Serial.Text"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(QStringLiteral("go\r") + QChar(28)));
-    QCOMPARE(spy.count(), 1);
+    verifyOnlyEdit(spy, QStringLiteral("Job.Serial.Text"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(QStringLiteral("go\r") + QChar(28)));
     // Nothing is stored: the row shows the node until the host has applied the edit.
     QCOMPARE(manager->valueText(f.property), iTabShown);
 }
@@ -421,9 +422,8 @@ void TestTextChoiceManagers::setValueBool()
     auto* manager = static_cast<BoolPropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &BoolPropertyManager::vPropertyEdited);
     manager->setValue(f.property, value);
-    QCOMPARE(spy.count(), 1);
-    verifyEdit(spy, 0, QStringLiteral("Job.Serial.Open"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(value));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Serial.Open"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(value));
 }
 
 void TestTextChoiceManagers::setValueEnumWithoutMatrixSendsOne()
@@ -433,9 +433,8 @@ void TestTextChoiceManagers::setValueEnumWithoutMatrixSendsOne()
     auto* manager = static_cast<EnumPropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &EnumPropertyManager::vPropertyEdited);
     manager->setValue(f.property, QVariant(QStringLiteral("Mean")), QVariant());
-    QCOMPARE(spy.count(), 1);
-    verifyEdit(spy, 0, QStringLiteral("Job.Filter.Type"), VardeenDefs::PropertyEditor::SetValue,
-               QVariant(QStringLiteral("Mean")));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Filter.Type"), VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(QStringLiteral("Mean")));
     manager->setValue(f.property, QVariant(2));
     QCOMPARE(spy.count(), 2);
     verifyEdit(spy, 1, QStringLiteral("Job.Filter.Type"), VardeenDefs::PropertyEditor::SetValue,
@@ -463,10 +462,9 @@ void TestTextChoiceManagers::setValueOcrFilter()
     auto* manager = static_cast<OcrFilterPropertyManager*>(f.manager.get());
     QSignalSpy spy(manager, &OcrFilterPropertyManager::vPropertyEdited);
     manager->setValue(f.property, QStringLiteral("Digits"), QStringLiteral("0-9"));
-    QCOMPARE(spy.count(), 1);
-    verifyEdit(spy, 0, QStringLiteral("Job.Fielding.Set.Chars"),
-               VardeenDefs::PropertyEditor::SetValue,
-               QVariant(QStringList({QStringLiteral("Digits"), QStringLiteral("0-9")})));
+    verifyOnlyEdit(spy, QStringLiteral("Job.Fielding.Set.Chars"),
+                   VardeenDefs::PropertyEditor::SetValue,
+                   QVariant(QStringList({QStringLiteral("Digits"), QStringLiteral("0-9")})));
 }
 
 void TestTextChoiceManagers::setValueThatSendsNothing()
@@ -527,10 +525,9 @@ void TestTextChoiceManagers::setLink()
         break;
     }
     QVERIFY(accepted);
-    QCOMPARE(spy.count(), 1);
     // The empty path goes out as a string, not as an invalid variant: it clears the link.
-    verifyEdit(spy, 0, path, VardeenDefs::PropertyEditor::SetLink,
-               QVariant(linkPath.isNull() ? QStringLiteral("") : linkPath));
+    verifyOnlyEdit(spy, path, VardeenDefs::PropertyEditor::SetLink,
+                   QVariant(linkPath.isNull() ? QStringLiteral("") : linkPath));
 }
 
 void TestTextChoiceManagers::ocrFilterCannotBeLinked()

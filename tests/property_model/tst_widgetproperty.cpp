@@ -1,5 +1,6 @@
 #include "property_model/intpropertymanager.h"
 #include "property_model/widgetproperty.h"
+#include "qtpropertymanager.h"
 #include "sdk/binaryitem.h"
 #include "sdk/ditem.h"
 
@@ -8,6 +9,9 @@
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <cmath>
+#include <limits>
 
 using PropertyBrowser::WidgetProperty;
 
@@ -34,6 +38,10 @@ private slots:
     void binaryBytesOfViewerKinds();
     void binaryBytesOfMaskAreEmptyAndNeedNoBinaryItem();
     void errorDescriptionStartsUnassigned();
+    void rowAndNodeOfAProperty();
+    void nodeAtReadsAnAddress();
+    void numberText_data();
+    void numberText();
 
 private:
     PropertyBrowser::Managers::IntPropertyManager m_oManager;
@@ -254,6 +262,64 @@ void TestWidgetProperty::binaryBytesOfMaskAreEmptyAndNeedNoBinaryItem()
 void TestWidgetProperty::errorDescriptionStartsUnassigned()
 {
     QVERIFY(!WidgetProperty::m_ErrorDescription);
+}
+
+void TestWidgetProperty::rowAndNodeOfAProperty()
+{
+    auto* row = dynamic_cast<WidgetProperty*>(m_oManager.addProperty());
+    QVERIFY(row);
+    QtProperty* property = row;
+    QCOMPARE(WidgetProperty::poRow(property), row);
+    QCOMPARE(WidgetProperty::poRow(static_cast<QtProperty const*>(property)), row);
+    QVERIFY(!WidgetProperty::poNode(property));
+    Script::DItem node(QStringLiteral("Job.N"), QStringLiteral("IDataBasicInt"));
+    row->setData(node);
+    QCOMPARE(WidgetProperty::poNode(property), &node);
+
+    // A property of the browser library that is no row has neither.
+    QtIntPropertyManager plain;
+    QtProperty* other = plain.addProperty();
+    QVERIFY(!WidgetProperty::poRow(other));
+    QVERIFY(!WidgetProperty::poNode(other));
+    QVERIFY(!WidgetProperty::poRow(static_cast<QtProperty*>(nullptr)));
+    QVERIFY(!WidgetProperty::poNode(nullptr));
+}
+
+void TestWidgetProperty::nodeAtReadsAnAddress()
+{
+    Script::DItem node(QStringLiteral("Job.N"), QStringLiteral("IDataBasicInt"));
+    const qlonglong address = reinterpret_cast<qlonglong>(&node);
+    QCOMPARE(WidgetProperty::poNodeAt(QVariant::fromValue(address)), &node);
+    // Other forms of the number are converted to a 64-bit integer.
+    QCOMPARE(WidgetProperty::poNodeAt(QVariant::fromValue(static_cast<qulonglong>(address))),
+             &node);
+    QCOMPARE(WidgetProperty::poNodeAt(QString::number(address)), &node);
+    QVERIFY(!WidgetProperty::poNodeAt(QVariant()));
+    QVERIFY(!WidgetProperty::poNodeAt(QVariant::fromValue(qlonglong(0))));
+    QVERIFY(!WidgetProperty::poNodeAt(QStringLiteral("Job.N")));
+}
+
+void TestWidgetProperty::numberText_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no group separator") << 1234567.5 << 4 << "1234567.5000";
+    QTest::newRow("two decimals") << -1234.567 << 2 << "-1234.57";
+    QTest::newRow("at the limit") << 99999999.0 << 4 << "99999999.0000";
+    QTest::newRow("just above the limit")
+        << std::nextafter(99999999.0, std::numeric_limits<double>::infinity()) << 2 << "1.0000e+08";
+    QTest::newRow("below the negative limit") << -123456789.0 << 4 << "-1.2346e+08";
+}
+
+void TestWidgetProperty::numberText()
+{
+    QFETCH(double, value);
+    QFETCH(int, decimals);
+    QFETCH(QString, text);
+    auto* row = dynamic_cast<WidgetProperty*>(m_oManager.addProperty());
+    QVERIFY(row);
+    QCOMPARE(row->numberText(value, decimals), text);
 }
 
 QTEST_MAIN(TestWidgetProperty)

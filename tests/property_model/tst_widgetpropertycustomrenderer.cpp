@@ -6,6 +6,7 @@
 #include "qttreepropertybrowser.h"
 #include "sdk/ditem.h"
 
+#include "showwidget.h"
 #include "testsupport.h"
 
 #include <QApplication>
@@ -66,6 +67,7 @@ private slots:
     void stripLiesAboveRowEdge();
     void markerPosition_data();
     void markerPosition();
+    void markerTipAtMaximumIsOnePixelBeyondRange();
     void filledStrip_data();
     void filledStrip();
     void rowWithoutBarHasNoStrip_data();
@@ -150,8 +152,7 @@ WidgetProperty* TestWidgetPropertyCustomRenderer::addRow(QtAbstractPropertyManag
 
 bool TestWidgetPropertyCustomRenderer::showBrowser()
 {
-    m_poBrowser->show();
-    if (!QTest::qWaitForWindowExposed(m_poBrowser))
+    if (!showWidget(m_poBrowser))
         return false;
     QTreeView* view = m_poBrowser->findChild<QTreeView*>();
     const int rows = view->model()->rowCount();
@@ -284,6 +285,35 @@ void TestWidgetPropertyCustomRenderer::markerPosition()
     const double centre = sum / count + 0.5;
     QVERIFY2(qAbs(centre - expected) <= 1.0,
              qPrintable(QString("marker at %1, expected %2").arg(centre).arg(expected)));
+}
+
+void TestWidgetPropertyCustomRenderer::markerTipAtMaximumIsOnePixelBeyondRange()
+{
+    Numeric numeric;
+    numeric.value = numeric.maximum;
+    WidgetProperty* row = addRow(m_poDoubleManager.get(), "IDataBasicDouble", numeric);
+    // Without a browser the row has no depth, so the range ends 16 pixels short of the cell.
+    WidgetPropertyCustomRenderer renderer(nullptr);
+    QImage target(300, 30, QImage::Format_ARGB32);
+    target.fill(Qt::white);
+    QPainter painter(&target);
+    QStandardItemModel model(1, 2);
+    QItemDelegate delegate;
+    QStyleOptionViewItem option;
+    option.rect = target.rect();
+    renderer.drawCustom(&painter, option, model.index(0, 0), delegate, row);
+    painter.end();
+
+    const int rangeRight = option.rect.right() - 16;
+    const int stripBottom = option.rect.bottom() - 1;
+    // The marker's point rests on the strip's lowest line, in the first column past the range.
+    QList<int> tip;
+    for (int x = 0; x < target.width(); ++x) {
+        QVERIFY(!isMarkerBlue(target.pixelColor(x, stripBottom + 1)));
+        if (isMarkerBlue(target.pixelColor(x, stripBottom)))
+            tip.append(x);
+    }
+    QCOMPARE(tip, QList<int>({rangeRight + 1}));
 }
 
 void TestWidgetPropertyCustomRenderer::filledStrip_data()

@@ -15,13 +15,14 @@
 #include "sdk/wappsettings.h"
 
 #include "../navigator/tabletranslator.h"
+#include "showwidget.h"
 #include "managertestsupport.h"
 #include "testsupport.h"
 
 #include <QAbstractItemModel>
-#include <QFile>
 #include <QApplication>
 #include <QCursor>
+#include <QFile>
 #include <QHeaderView>
 #include <QPointer>
 #include <QSignalSpy>
@@ -216,7 +217,8 @@ private:
     WTreePropertyBrowser* makeBrowser(bool group = false, int position = 0);
     void deleteBrowser();
     /// A node owned by the test.
-    Script::DItem* makeNode(const QString& path, const QString& type = QStringLiteral("IDataBasicInt"),
+    Script::DItem* makeNode(const QString& path,
+                            const QString& type = QStringLiteral("IDataBasicInt"),
                             IoType ioType = Script::DItem::IoNone,
                             const QString& description = QString());
     static void setChildren(Script::DItem* parent, const QList<Script::DItem*>& children);
@@ -235,7 +237,9 @@ void TestWTreePropertyBrowser::initTestCase()
 {
     TestSupport::failOnWarnings();
     // Integer rows ask the host for state descriptions in their tool tips.
-    WidgetProperty::m_ErrorDescription = [](int state) { return "state " + std::to_string(state); };
+    WidgetProperty::m_ErrorDescription = [](int state) {
+        return "state " + std::to_string(state);
+    };
     Script::DItem::vRegisterMetaTypes();
     qRegisterMetaType<Command>();
     qRegisterMetaType<QtProperty*>();
@@ -331,8 +335,7 @@ void TestWTreePropertyBrowser::constructionSetsUpTheTree()
     // Rows are at least 26 pixels high, well above what the font asks for.
     Script::DItem* node = makeNode("Job.Tool.Value");
     m_poBrowser->createPropertyItem(*node, true);
-    m_poBrowser->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_poBrowser));
+    QVERIFY(showWidget(m_poBrowser));
     const QModelIndex index = view()->model()->index(0, 0);
     QTRY_VERIFY(view()->visualRect(index).isValid());
     QVERIFY2(view()->visualRect(index).height() >= 26,
@@ -363,36 +366,49 @@ void TestWTreePropertyBrowser::typeChoosesManager_data()
     QTest::addColumn<QByteArray>("manager");
 
     const QByteArray ns("PropertyBrowser::Managers::");
-    QTest::newRow("int") << "IDataBasicInt" << "Job.T.A" << 0 << ns + "IntPropertyManager";
-    QTest::newRow("int64") << "IDataBasicInt64" << "Job.T.A" << 0 << ns + "Int64PropertyManager";
-    QTest::newRow("image") << "IDataImage" << "Job.T.A" << 0 << ns + "ImagePropertyManager";
-    QTest::newRow("double") << "IDataBasicDouble" << "Job.T.A" << 1
-                            << ns + "DoublePropertyManager";
-    QTest::newRow("bool") << "IDataBasicBool" << "Job.T.A" << 0 << ns + "BoolPropertyManager";
-    QTest::newRow("enum") << "IDataBasicEnum" << "Job.T.A" << 0 << ns + "EnumPropertyManager";
-    QTest::newRow("string") << "IDataBasicString" << "Job.T.A" << 0
-                            << ns + "StringPropertyManager";
+    QTest::newRow("int") << "IDataBasicInt"
+                         << "Job.T.A" << 0 << ns + "IntPropertyManager";
+    QTest::newRow("int64") << "IDataBasicInt64"
+                           << "Job.T.A" << 0 << ns + "Int64PropertyManager";
+    QTest::newRow("image") << "IDataImage"
+                           << "Job.T.A" << 0 << ns + "ImagePropertyManager";
+    QTest::newRow("double") << "IDataBasicDouble"
+                            << "Job.T.A" << 1 << ns + "DoublePropertyManager";
+    QTest::newRow("bool") << "IDataBasicBool"
+                          << "Job.T.A" << 0 << ns + "BoolPropertyManager";
+    QTest::newRow("enum") << "IDataBasicEnum"
+                          << "Job.T.A" << 0 << ns + "EnumPropertyManager";
+    QTest::newRow("string") << "IDataBasicString"
+                            << "Job.T.A" << 0 << ns + "StringPropertyManager";
     QTest::newRow("string in field set, setting")
-        << "IDataBasicString" << "Job.Fielding.Set.Filter" << 0
-        << ns + "OcrFilterPropertyManager";
+        << "IDataBasicString"
+        << "Job.Fielding.Set.Filter" << 0 << ns + "OcrFilterPropertyManager";
     QTest::newRow("string in field set, input")
-        << "IDataBasicString" << "Job.Fielding.Set.Filter" << 1 << ns + "StringPropertyManager";
+        << "IDataBasicString"
+        << "Job.Fielding.Set.Filter" << 1 << ns + "StringPropertyManager";
     QTest::newRow("string in field set, output")
-        << "IDataBasicString" << "Job.Fielding.Set.Filter" << 2 << ns + "StringPropertyManager";
+        << "IDataBasicString"
+        << "Job.Fielding.Set.Filter" << 2 << ns + "StringPropertyManager";
     QTest::newRow("string in other set")
-        << "IDataBasicString" << "Job.Fielding.Sets.Filter" << 0 << ns + "StringPropertyManager";
+        << "IDataBasicString"
+        << "Job.Fielding.Sets.Filter" << 0 << ns + "StringPropertyManager";
     QTest::newRow("string without dot after set")
-        << "IDataBasicString" << "Job.Fielding.Set" << 0 << ns + "StringPropertyManager";
-    QTest::newRow("binary") << "IDataBinary" << "Job.T.A" << 0 << ns + "BinaryPropertyManager";
-    QTest::newRow("binary file") << "IDataBinaryFile" << "Job.T.A" << 0
-                                 << ns + "BinaryFilePropertyManager";
-    QTest::newRow("point") << "IDataGeoPoint" << "Job.T.A" << 0 << ns + "PointPropertyManager";
-    QTest::newRow("module") << "IDataModule" << "Job.T.A" << 0 << ns + "IDataPropertyManager";
-    QTest::newRow("no type") << "" << "Job.T.A" << 0 << ns + "IDataPropertyManager";
-    QTest::newRow("case differs") << "idatabasicint" << "Job.T.A" << 0
-                                  << ns + "IDataPropertyManager";
-    QTest::newRow("longer name") << "IDataBasicIntX" << "Job.T.A" << 0
-                                 << ns + "IDataPropertyManager";
+        << "IDataBasicString"
+        << "Job.Fielding.Set" << 0 << ns + "StringPropertyManager";
+    QTest::newRow("binary") << "IDataBinary"
+                            << "Job.T.A" << 0 << ns + "BinaryPropertyManager";
+    QTest::newRow("binary file") << "IDataBinaryFile"
+                                 << "Job.T.A" << 0 << ns + "BinaryFilePropertyManager";
+    QTest::newRow("point") << "IDataGeoPoint"
+                           << "Job.T.A" << 0 << ns + "PointPropertyManager";
+    QTest::newRow("module") << "IDataModule"
+                            << "Job.T.A" << 0 << ns + "IDataPropertyManager";
+    QTest::newRow("no type") << ""
+                             << "Job.T.A" << 0 << ns + "IDataPropertyManager";
+    QTest::newRow("case differs") << "idatabasicint"
+                                  << "Job.T.A" << 0 << ns + "IDataPropertyManager";
+    QTest::newRow("longer name") << "IDataBasicIntX"
+                                 << "Job.T.A" << 0 << ns + "IDataPropertyManager";
 }
 
 void TestWTreePropertyBrowser::typeChoosesManager()
@@ -448,8 +464,8 @@ void TestWTreePropertyBrowser::typeDecidesOverChildren()
 void TestWTreePropertyBrowser::rowIsMappedBoundAndNamed()
 {
     makeBrowser();
-    Script::DItem* node = makeNode("Job.Tool.Exposure", "IDataBasicDouble",
-                                   Script::DItem::IoInput, QStringLiteral("Exposure time"));
+    Script::DItem* node = makeNode("Job.Tool.Exposure", "IDataBasicDouble", Script::DItem::IoInput,
+                                   QStringLiteral("Exposure time"));
     WidgetProperty* row = m_poBrowser->createPropertyItem(*node, true);
     QVERIFY(row);
     QCOMPARE(row->propertyName(), QStringLiteral("Exposure time"));
@@ -507,8 +523,8 @@ void TestWTreePropertyBrowser::pointAxes()
     QList<Script::DItem*> axes;
     for (int i = 0; i < 3; ++i) {
         const QString name = QString(QChar('X' + i));
-        Script::DItem* axis = makeNode("Job.T.Point." + name, "IDataBasicDouble",
-                                       Script::DItem::IoNone, name);
+        Script::DItem* axis
+            = makeNode("Job.T.Point." + name, "IDataBasicDouble", Script::DItem::IoNone, name);
         axes << axis;
         if (present[i])
             point->setProperty(keys[i], addressOf(axis));
@@ -638,16 +654,16 @@ void TestWTreePropertyBrowser::updateBindsNewNodeAndAddsLateChildren()
 {
     makeBrowser();
     Script::DItem* first = makeNode("Job.T.Value", "IDataBasicInt");
-    Script::DItem* early = makeNode("Job.T.Value.Early", "IDataBasicInt", Script::DItem::IoNone,
-                                    "Early");
+    Script::DItem* early
+        = makeNode("Job.T.Value.Early", "IDataBasicInt", Script::DItem::IoNone, "Early");
     setChildren(first, {early});
     WidgetProperty* row = m_poBrowser->createPropertyItem(*first, true);
     QCOMPARE(namesOf(row->subProperties()), QStringList({"Early"}));
 
     // The host hands a new node object for the same path, now with a late child.
     Script::DItem* second = makeNode("Job.T.Value", "IDataBasicInt");
-    Script::DItem* late = makeNode("Job.T.Value.Late", "IDataBasicInt", Script::DItem::IoNone,
-                                   "Late");
+    Script::DItem* late
+        = makeNode("Job.T.Value.Late", "IDataBasicInt", Script::DItem::IoNone, "Late");
     setChildren(second, {early, late});
     m_poBrowser->updatePropertyItem(*second);
     QCOMPARE(row->node, second);
@@ -676,8 +692,8 @@ void TestWTreePropertyBrowser::updateTranslatesNameAndSetsToolTip()
 
     m_poBrowser->updatePropertyItem(*node);
     QCOMPARE(row->propertyName(), QStringLiteral("Verstaerkung"));
-    auto* manager = dynamic_cast<PropertyBrowser::Managers::BasePropertyManager*>(
-        row->propertyManager());
+    auto* manager
+        = dynamic_cast<PropertyBrowser::Managers::BasePropertyManager*>(row->propertyManager());
     QVERIFY(manager);
     QCOMPARE(row->toolTip(), manager->toolTipText(row));
     QCOMPARE(row->toolTip(), QStringLiteral("42"));
@@ -928,12 +944,12 @@ void TestWTreePropertyBrowser::visibility_data()
     QTest::newRow("no key, expert view") << none << 1 << none << false << true;
     QTest::newRow("hidden node, mode 2") << QVariant(false) << 2 << none << false << false;
     QTest::newRow("unavailable") << QVariant(true) << 0 << QVariant(true) << false << false;
-    QTest::newRow("unavailable, expert view") << QVariant(true) << 1 << QVariant(true) << false
-                                              << false;
+    QTest::newRow("unavailable, expert view")
+        << QVariant(true) << 1 << QVariant(true) << false << false;
     QTest::newRow("available") << QVariant(true) << 0 << QVariant(false) << false << true;
     QTest::newRow("hide sub property") << QVariant(true) << 1 << none << true << false;
-    QTest::newRow("hide sub property false") << QVariant(false) << 1 << QVariant(false) << false
-                                             << true;
+    QTest::newRow("hide sub property false")
+        << QVariant(false) << 1 << QVariant(false) << false << true;
 }
 
 void TestWTreePropertyBrowser::visibility()
@@ -1164,8 +1180,7 @@ void TestWTreePropertyBrowser::resizeMovesSplitterEveryThirdStep()
     m_poBrowser->setParent(&window);
     m_poBrowser->setGeometry(0, 0, 350, 300);
     m_poBrowser->show();
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(showWidget(&window));
     QCOMPARE(m_poBrowser->splitterPosition(), 150);
 
     // The accumulated factor lives on from earlier resizes: jump between two widths until the
@@ -1217,8 +1232,7 @@ void TestWTreePropertyBrowser::resizeOutsideInteractiveModeAccumulatesNothing()
     m_poBrowser->setParent(&window);
     m_poBrowser->setGeometry(0, 0, 350, 300);
     m_poBrowser->show();
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(showWidget(&window));
 
     int width = 350;
     bool synced = false;
@@ -1253,10 +1267,10 @@ void TestWTreePropertyBrowser::nameIsDescriptionThenTranslatedSegment()
     makeBrowser();
     Script::DItem* exposure = makeNode("Job.Camera.Exposure", "IDataBasicDouble",
                                        Script::DItem::IoInput, "Exposure time in ms");
-    Script::DItem* gain = makeNode("Job.Camera.Gain", "IDataBasicInt", Script::DItem::IoInput,
-                                   "Gain factor");
-    Script::DItem* sub = makeNode("Job.Camera.Gain.Limit", "IDataBasicInt",
-                                  Script::DItem::IoNone, "Upper limit");
+    Script::DItem* gain
+        = makeNode("Job.Camera.Gain", "IDataBasicInt", Script::DItem::IoInput, "Gain factor");
+    Script::DItem* sub
+        = makeNode("Job.Camera.Gain.Limit", "IDataBasicInt", Script::DItem::IoNone, "Upper limit");
     setChildren(gain, {sub});
     WidgetProperty* exposureRow = m_poBrowser->createPropertyItem(*exposure, true);
     WidgetProperty* gainRow = m_poBrowser->createPropertyItem(*gain, true);
@@ -1436,18 +1450,30 @@ void TestWTreePropertyBrowser::managerSignalsReachBrowser_data()
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("path");
     QTest::addColumn<int>("ioType");
-    QTest::newRow("int") << "IDataBasicInt" << "Job.T.A" << 0;
-    QTest::newRow("int64") << "IDataBasicInt64" << "Job.T.A" << 0;
-    QTest::newRow("double") << "IDataBasicDouble" << "Job.T.A" << 0;
-    QTest::newRow("bool") << "IDataBasicBool" << "Job.T.A" << 0;
-    QTest::newRow("string") << "IDataBasicString" << "Job.T.A" << 0;
-    QTest::newRow("image") << "IDataImage" << "Job.T.A" << 0;
-    QTest::newRow("enum") << "IDataBasicEnum" << "Job.T.A" << 0;
-    QTest::newRow("idata") << "IDataModule" << "Job.T.A" << 0;
-    QTest::newRow("binary") << "IDataBinary" << "Job.T.A" << 0;
-    QTest::newRow("binary file") << "IDataBinaryFile" << "Job.T.A" << 0;
-    QTest::newRow("point") << "IDataGeoPoint" << "Job.T.A" << 0;
-    QTest::newRow("ocr filter") << "IDataBasicString" << "Job.Fielding.Set.A" << 0;
+    QTest::newRow("int") << "IDataBasicInt"
+                         << "Job.T.A" << 0;
+    QTest::newRow("int64") << "IDataBasicInt64"
+                           << "Job.T.A" << 0;
+    QTest::newRow("double") << "IDataBasicDouble"
+                            << "Job.T.A" << 0;
+    QTest::newRow("bool") << "IDataBasicBool"
+                          << "Job.T.A" << 0;
+    QTest::newRow("string") << "IDataBasicString"
+                            << "Job.T.A" << 0;
+    QTest::newRow("image") << "IDataImage"
+                           << "Job.T.A" << 0;
+    QTest::newRow("enum") << "IDataBasicEnum"
+                          << "Job.T.A" << 0;
+    QTest::newRow("idata") << "IDataModule"
+                           << "Job.T.A" << 0;
+    QTest::newRow("binary") << "IDataBinary"
+                            << "Job.T.A" << 0;
+    QTest::newRow("binary file") << "IDataBinaryFile"
+                                 << "Job.T.A" << 0;
+    QTest::newRow("point") << "IDataGeoPoint"
+                           << "Job.T.A" << 0;
+    QTest::newRow("ocr filter") << "IDataBasicString"
+                                << "Job.Fielding.Set.A" << 0;
 }
 
 void TestWTreePropertyBrowser::managerSignalsReachBrowser()
@@ -1466,9 +1492,10 @@ void TestWTreePropertyBrowser::managerSignalsReachBrowser()
     QSignalSpy editing(m_poBrowser, &WTreePropertyBrowser::editing);
 
     // Emitted as the managers emit them; a direct connection hands them on at once.
-    QVERIFY(QMetaObject::invokeMethod(manager, "vPropertyEdited", Qt::DirectConnection,
-                                      Q_ARG(QString, path), Q_ARG(VardeenDefs::PropertyEditor::Command, Command::SetLimits),
-                                      Q_ARG(QVariant, QVariant(12)), Q_ARG(bool, false)));
+    QVERIFY(QMetaObject::invokeMethod(
+        manager, "vPropertyEdited", Qt::DirectConnection, Q_ARG(QString, path),
+        Q_ARG(VardeenDefs::PropertyEditor::Command, Command::SetLimits),
+        Q_ARG(QVariant, QVariant(12)), Q_ARG(bool, false)));
     ManagerTest::verifyOnlyEdit(edited, path, Command::SetLimits, QVariant(12));
     QVERIFY(QMetaObject::invokeMethod(manager, "linkClicked", Qt::DirectConnection,
                                       Q_ARG(QString, "Job.Other.Out")));
@@ -1598,8 +1625,8 @@ void TestWTreePropertyBrowser::offlineMessage()
 void TestWTreePropertyBrowser::offlineMessageOncePerStoredPath()
 {
     makeBrowser();
-    Script::DItem* camera = makeNode(freshPath("Job.Camera.Gain"), "IDataBasicInt",
-                                     Script::DItem::IoInput);
+    Script::DItem* camera
+        = makeNode(freshPath("Job.Camera.Gain"), "IDataBasicInt", Script::DItem::IoInput);
     Script::DItem* map = makeNode(freshPath("Job.teMap3D.Zoom"), "IDataBasicInt");
     Script::DItem* tool = makeNode(freshPath("Job.Tool.Gain"), "IDataBasicInt");
     WidgetProperty* cameraRow = m_poBrowser->createPropertyItem(*camera, true);
@@ -1644,13 +1671,12 @@ void TestWTreePropertyBrowser::offlineMessageOncePerStoredPath()
 void TestWTreePropertyBrowser::offlineMessageThroughEditItem()
 {
     makeBrowser();
-    Script::DItem* camera = makeNode(freshPath("Job.Camera.Shutter"), "IDataBasicBool",
-                                     Script::DItem::IoInput);
+    Script::DItem* camera
+        = makeNode(freshPath("Job.Camera.Shutter"), "IDataBasicBool", Script::DItem::IoInput);
     Script::DItem* tool = makeNode(freshPath("Job.Tool.Shutter"), "IDataBasicBool");
     WidgetProperty* cameraRow = m_poBrowser->createPropertyItem(*camera, true);
     WidgetProperty* toolRow = m_poBrowser->createPropertyItem(*tool, true);
-    m_poBrowser->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_poBrowser));
+    QVERIFY(showWidget(m_poBrowser));
 
     m_poBrowser->editItem(m_poBrowser->topLevelItem(toolRow));
     QVERIFY(offlineMessages().isEmpty());
