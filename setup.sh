@@ -55,8 +55,7 @@ workbench)
     build
     if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
         echo "No display found: saving a picture of the workbench to build/workbench.png instead."
-        exec env QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
-            build/bin/workbench --screenshot build/workbench.png "${@:2}"
+        exec env QT_QPA_PLATFORM=offscreen build/bin/workbench --screenshot build/workbench.png "${@:2}"
     fi
     exec build/bin/workbench "${@:2}"
     ;;

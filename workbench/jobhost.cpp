@@ -10,6 +10,7 @@
 #include "sdk/ditem.h"
 #include "sdk/filedialog.h"
 #include "sdk/filedialogprovider.h"
+#include "sdk/visibilityinfo.h"
 #include "sdk/wmessagebox.h"
 
 #include <QQuickWidget>
@@ -73,8 +74,8 @@ JobHost::JobHost(JobModel& model, RequestLog& log, QObject* parent)
     , m_oModel(model)
     , m_oLog(log)
 {
-    connect(&m_oModel, &JobModel::valuesChanged, this, &JobHost::vRefresh);
     connect(&m_oModel, &JobModel::nodesChanged, this, &JobHost::vRefreshNodes);
+    connect(&m_oModel, &JobModel::visibilityChanged, this, &JobHost::vRefreshVisibility);
     connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vOnStructureChanged);
 }
 
@@ -84,6 +85,9 @@ void JobHost::vAttach(WidgetTree* dock)
     m_poDock = dock;
     // The sender reads the reply as soon as the emission returns, so the call must be direct.
     connect(dock, &WidgetTree::treeReq, this, &JobHost::vOnTreeReq, Qt::DirectConnection);
+    connect(ItemVisibility::VisibilityInfo::instance(),
+            &ItemVisibility::VisibilityInfo::visibilityModeChanged, this,
+            &JobHost::vOnViewModeChanged, Qt::UniqueConnection);
     vFillTree();
 }
 
@@ -94,7 +98,9 @@ WidgetTreeView* JobHost::poTree() const
 
 PropertyBrowser::WTreePropertyBrowser* JobHost::poBrowser() const
 {
-    return m_poDock ? m_poDock->findChild<PropertyBrowser::WTreePropertyBrowser*>() : nullptr;
+    // The browser makes itself known; it is the dock's own while the dock lives.
+    PropertyBrowser::WTreePropertyBrowser* browser = PropertyBrowser::WTreePropertyBrowser::me;
+    return m_poDock && browser && m_poDock->isAncestorOf(browser) ? browser : nullptr;
 }
 
 void JobHost::vShowSelection()
@@ -184,36 +190,29 @@ void JobHost::vFillTree()
     }
 }
 
-void JobHost::vRefresh()
+void JobHost::vRefreshNodes(const QList<DItem*>& nodes)
+{
+    // The job tree shows no value, so only the property tree has rows to bring up to date.
+    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
+    if (!browser)
+        return;
+    for (const DItem* node : nodes)
+        browser->updatePropertyItem(*node);
+}
+
+void JobHost::vRefreshVisibility()
 {
     if (WidgetTreeView* tree = poTree())
         tree->refreshItemVisiblity();
-    // Every row shown is brought up to date; the tree repaints them on its next pass.
-    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
-    if (!browser)
-        return;
-    const QList<PropertyBrowser::WidgetProperty*> rows
-        = PropertyBrowser::WTreePropertyBrowser::wPropertyMapping.values();
-    for (const PropertyBrowser::WidgetProperty* row : rows) {
-        if (row->node)
-            browser->updatePropertyItem(*row->node);
-    }
-    browser->refreshItemVisiblity();
+    if (PropertyBrowser::WTreePropertyBrowser* browser = poBrowser())
+        browser->refreshItemVisiblity();
 }
 
-void JobHost::vRefreshNodes(const QList<DItem*>& nodes)
+void JobHost::vOnViewModeChanged(int mode)
 {
-    // The job tree paints values as it draws, so a repaint is all it needs; the property
-    // tree brings only the rows of these nodes up to date.
-    if (WidgetTreeView* tree = poTree())
-        tree->viewport()->update();
-    PropertyBrowser::WTreePropertyBrowser* browser = poBrowser();
-    if (!browser)
-        return;
-    for (const DItem* node : nodes) {
-        if (browser->getWProperty(node))
-            browser->updatePropertyItem(*node);
-    }
+    vRefreshVisibility();
+    if (m_poDock)
+        m_poDock->onViewModeChanged(mode == ItemVisibility::VisibilityInfo::NormalView);
 }
 
 void JobHost::vOnTreeReq(WRequest<QVariant> request, QVariant& reply)

@@ -21,7 +21,8 @@ class WTreePropertyBrowser;
 }
 
 /// The host's side of the dock: it fills the job tree, answers every request of the plug-in
-/// from the job model, and refreshes the dock after each change, as the real host does.
+/// from the job model, and refreshes the dock after each change and each switch of the view
+/// mode, as the real host does.
 class JobHost : public QObject
 {
     Q_OBJECT
@@ -56,8 +57,9 @@ private:
     QString sSelectLinked(const QString& path);
     QString sFileRequest(int id, const QString& path);
     QString sAssistant(bool visible, QVariant& reply);
-    void vRefresh();
     void vRefreshNodes(const QList<Script::DItem*>& nodes);
+    void vRefreshVisibility();
+    void vOnViewModeChanged(int mode);
     void vOnStructureChanged();
     void vScheduleFill();
 

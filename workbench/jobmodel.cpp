@@ -91,6 +91,12 @@ bool refuse(QString* error, const QString& why)
     return false;
 }
 
+DItem* refused(QString* error, const QString& why)
+{
+    refuse(error, why);
+    return nullptr;
+}
+
 } // namespace
 
 JobModel::JobModel(QObject* parent)
@@ -132,12 +138,26 @@ void JobModel::vOutputsChanged(const QList<DItem*>& outputs)
     vFollowLinks();
     // Only outputs change in a run, and the linked values that follow them; the views leave
     // every other node, and an editor open on one, alone.
-    QList<DItem*> changed = outputs;
-    for (DItem* node : qAsConst(m_hNodes)) {
-        if (node->isLinked())
+    emit nodesChanged(withFollowers(outputs));
+}
+
+QList<DItem*> JobModel::withFollowers(const QList<DItem*>& sources) const
+{
+    QList<DItem*> changed = sources;
+    QSet<DItem*> reached(sources.begin(), sources.end());
+    // Each pass reaches one more link down every chain; links never go round in a circle.
+    for (bool grew = true; grew;) {
+        grew = false;
+        for (DItem* node : qAsConst(m_hNodes)) {
+            if (reached.contains(node) || !node->isLinked()
+                || !reached.contains(poNode(node->linkedPath())))
+                continue;
+            reached.insert(node);
             changed.append(node);
+            grew = true;
+        }
     }
-    emit nodesChanged(changed);
+    return changed;
 }
 
 void JobModel::vIndex()
@@ -208,16 +228,16 @@ bool JobModel::bApplyCommand(const QString& path, int command, const QVariant& p
     DItem* node = poNode(path);
     if (!node)
         return refuse(error, QStringLiteral("no node at %1").arg(path));
-    bool applied = false;
+    DItem* changed = nullptr;
     switch (command) {
     case Command::SetValue:
-        applied = bSetValue(*node, params, error);
+        changed = poSetValue(*node, params, error);
         break;
     case Command::SetLink:
-        applied = bSetLink(*node, params.toString(), error);
+        changed = bSetLink(*node, params.toString(), error) ? node : nullptr;
         break;
     case Command::SetLimits:
-        applied = bSetLimits(*node, params, error);
+        changed = bSetLimits(*node, params, error) ? node : nullptr;
         break;
     case Command::SelectLink:
         // A preview of the candidate is a matter of the host's views; the job keeps nothing.
@@ -225,21 +245,21 @@ bool JobModel::bApplyCommand(const QString& path, int command, const QVariant& p
     default:
         return refuse(error, QStringLiteral("unknown command %1").arg(command));
     }
-    if (applied) {
-        vFollowLinks();
-        emit valuesChanged();
-    }
-    return applied;
+    if (!changed)
+        return false;
+    vFollowLinks();
+    emit nodesChanged(withFollowers({changed}));
+    return true;
 }
 
-bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
+DItem* JobModel::poSetValue(DItem& node, const QVariant& params, QString* error)
 {
     const QString& type = node.iDataType();
     if (isOcrFilter(node)) {
         const QStringList filter = params.toStringList();
         if (params.userType() != QMetaType::QStringList || filter.size() != 2
             || filter.at(0).isEmpty() || filter.at(0).contains('.'))
-            return refuse(error, QStringLiteral("an OCR filter takes a name and a value"));
+            return refused(error, QStringLiteral("an OCR filter takes a name and a value"));
         // The filter's name is the last segment of its path; another name makes a new filter.
         DItem* target = &node;
         if (filter.at(0) != node.unTranslatedName()) {
@@ -248,7 +268,7 @@ bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
             if (!target) {
                 DItem* parent = poNode(parentPath);
                 if (!parent)
-                    return refuse(error, QStringLiteral("no node at %1").arg(parentPath));
+                    return refused(error, QStringLiteral("no node at %1").arg(parentPath));
                 target = new DItem(parentPath + '.' + filter.at(0), kString, DItem::IoNone);
                 target->setEditable(true);
                 target->setProperty("iIsEditable", true);
@@ -261,41 +281,41 @@ bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
         }
         target->setProperty("IDataBasicString.DynamicValue", filter.at(1));
         target->setProperty("IDataBasicString.LocalValue", filter.at(1));
-        return true;
+        return target;
     }
 
     if (auto* image = qobject_cast<Image*>(&node)) {
         if (params.userType() != QMetaType::QImage)
-            return refuse(error, QStringLiteral("an image takes a QImage"));
+            return refused(error, QStringLiteral("an image takes a QImage"));
         image->setQImage(params.value<QImage>());
     } else if (auto* binary = qobject_cast<Script::BinaryItem*>(&node)) {
         if (type == kBinaryFile) {
             if (params.userType() != QMetaType::QVariantMap)
-                return refuse(error, QStringLiteral("a binary file takes a map"));
+                return refused(error, QStringLiteral("a binary file takes a map"));
             const QVariantMap file = params.toMap();
             binary->setBinaryData(file.value(QStringLiteral("BinaryData")).toByteArray());
             for (const char* key : {"FileName", "Extension", "Description"})
                 binary->setProperty(key, file.value(QLatin1String(key)).toString());
         } else {
             if (params.userType() != QMetaType::QByteArray)
-                return refuse(error, QStringLiteral("binary data takes a QByteArray"));
+                return refused(error, QStringLiteral("binary data takes a QByteArray"));
             binary->setBinaryData(params.toByteArray());
         }
     } else {
         const ValueKeys keys = valueKeys(type);
         if (!keys.localKey)
-            return refuse(error, QStringLiteral("a node of type %1 holds no value").arg(type));
+            return refused(error, QStringLiteral("a node of type %1 holds no value").arg(type));
         QVariant value = params;
         if (type == kEnum && params.userType() == QMetaType::Int)
             value = node.property("IDataBasicEnum.EnumList").toStringList().value(params.toInt());
         if (value.userType() != valueMetaType(type))
-            return refuse(error,
-                          QStringLiteral("%1 does not take a value of type %2")
-                              .arg(type, QString::fromLatin1(params.typeName())));
+            return refused(error,
+                           QStringLiteral("%1 does not take a value of type %2")
+                               .arg(type, QString::fromLatin1(params.typeName())));
         if (type == kEnum
             && !node.property("IDataBasicEnum.EnumList").toStringList().contains(value.toString()))
-            return refuse(error,
-                          QStringLiteral("%1 is not one of the choices").arg(value.toString()));
+            return refused(error,
+                           QStringLiteral("%1 is not one of the choices").arg(value.toString()));
         if (isNumeric(type))
             value = clamped(node, value);
         node.setProperty(keys.localKey, value);
@@ -304,7 +324,7 @@ bool JobModel::bSetValue(DItem& node, const QVariant& params, QString* error)
     // Setting a value on a linked node replaces the link.
     node.setLinked(false);
     node.setLinkedPath(QString());
-    return true;
+    return &node;
 }
 
 bool JobModel::bSetLink(DItem& node, const QString& target, QString* error)
@@ -423,7 +443,7 @@ bool JobModel::bSetVisible(const QString& path, bool visible)
     if (!node)
         return false;
     node->setProperty("IData.IsGuiVisible", visible);
-    emit valuesChanged();
+    emit visibilityChanged();
     return true;
 }
 
@@ -433,7 +453,7 @@ bool JobModel::bSetColorMarking(const QString& path, bool use)
     if (!node)
         return false;
     node->setProperty("IData.UseForColorMarking", use);
-    emit valuesChanged();
+    emit nodesChanged({node});
     return true;
 }
 
@@ -471,7 +491,7 @@ bool JobModel::bRefreshNode(const QString& path)
         std::sort(acceptable.second.begin(), acceptable.second.end(), byPath);
         node->setProperty("IData.AcceptableLinks", QVariant::fromValue(acceptable));
     }
-    emit valuesChanged();
+    emit nodesChanged({node});
     return true;
 }
 
@@ -490,7 +510,7 @@ bool JobModel::bLoadFile(const QString& path, const QString& filePath, QString* 
         binary->setProperty("Extension", info.suffix());
         binary->setProperty("Description", info.completeBaseName());
     }
-    emit valuesChanged();
+    emit nodesChanged(withFollowers({binary}));
     return true;
 }
 
@@ -514,6 +534,6 @@ bool JobModel::bUnloadFile(const QString& path, QString* error)
     // A null file name is what shows "Not Loaded".
     for (const char* key : {"FileName", "Extension", "Description"})
         binary->setProperty(key, QVariant());
-    emit valuesChanged();
+    emit nodesChanged(withFollowers({binary}));
     return true;
 }

@@ -63,19 +63,21 @@ public:
     bool bUnloadFile(const QString& path, QString* error);
 
 signals:
-    /// Values or states of nodes changed; the views refresh what they show.
-    void valuesChanged();
+    /// The values or states of @p nodes changed, those of the nodes linked to them included;
+    /// no other node changed.
+    void nodesChanged(const QList<Script::DItem*>& nodes);
+    /// Which nodes the normal view shows changed; views show and hide their rows again.
+    void visibilityChanged();
     /// Nodes were renamed or deleted; views that hold nodes must build them again.
     void structureChanged();
-    /// The values of @p nodes changed while the job ran; no other node changed.
-    void nodesChanged(const QList<Script::DItem*>& nodes);
 
 private:
-    bool bSetValue(Script::DItem& node, const QVariant& params, QString* error);
+    Script::DItem* poSetValue(Script::DItem& node, const QVariant& params, QString* error);
     bool bSetLink(Script::DItem& node, const QString& target, QString* error);
     bool bSetLimits(Script::DItem& node, const QVariant& params, QString* error);
     void vIndex();
     void vFollowLinks();
+    QList<Script::DItem*> withFollowers(const QList<Script::DItem*>& sources) const;
 
     Containers::Scene m_oScene;
     QHash<QString, Script::DItem*> m_hNodes;

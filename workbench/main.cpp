@@ -105,9 +105,8 @@ int main(int argc, char* argv[])
     QString error;
     if (!window.bLoadPlugin(parser.value(pluginOption), &error))
         return fail(error);
-    const QString job = parser.isSet(jobOption)
-        ? parser.value(jobOption)
-        : QStringLiteral(":/workbench/jobs/sample-job.json");
+    const QString job
+        = parser.isSet(jobOption) ? parser.value(jobOption) : WorkbenchWindow::sSampleJobPath();
     if (!window.bOpenJob(job, &error))
         return fail(error);
     const QString language = parser.value(languageOption);

@@ -5,8 +5,8 @@
 #include "jobrunner.h"
 #include "requestlog.h"
 
-#include "navigator/widgettree.h"
 #include "editors/baseeditor.h"
+#include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
 #include "property_model/widgetproperty.h"
 #include "property_model/wtreepropertybrowser.h"
@@ -19,13 +19,13 @@
 #include "sdk/wmessagebox.h"
 
 #include <QActionGroup>
-#include <QDialog>
-#include <QPainter>
 #include <QApplication>
+#include <QDialog>
 #include <QDockWidget>
 #include <QEvent>
 #include <QLibraryInfo>
 #include <QMenuBar>
+#include <QPainter>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -38,10 +38,26 @@ namespace {
 
 using DescriptorList = std::vector<WidgetModules::WidgetDescriptor*>* (*)();
 
-// The flags of the project mode that change what the dock lets the user do.
-const int kProjectFlags[] = {1, 16, 4096, 65536};
+// The flags of the project mode that change what the dock lets the user do, with their labels.
+struct ProjectFlag
+{
+    Utils::ProjectMode::Flag flag;
+    const char* label;
+};
+
+const ProjectFlag kProjectFlags[] = {
+    {Utils::ProjectMode::Locked, QT_TRANSLATE_NOOP("WorkbenchWindow", "Locked look")},
+    {Utils::ProjectMode::Released, QT_TRANSLATE_NOOP("WorkbenchWindow", "Released")},
+    {Utils::ProjectMode::EditingBlocked, QT_TRANSLATE_NOOP("WorkbenchWindow", "Editing blocked")},
+    {Utils::ProjectMode::HardLocked, QT_TRANSLATE_NOOP("WorkbenchWindow", "Hard lock")},
+};
 
 } // namespace
+
+QString WorkbenchWindow::sSampleJobPath()
+{
+    return QStringLiteral(":/workbench/jobs/sample-job.json");
+}
 
 WorkbenchWindow::WorkbenchWindow(QWidget* parent)
     : QMainWindow(parent)
@@ -50,7 +66,7 @@ WorkbenchWindow::WorkbenchWindow(QWidget* parent)
     setObjectName(QStringLiteral("WorkbenchWindow"));
     ItemVisibility::VisibilityInfo::setInstance(&m_oVisibility);
     App::Metrics::setMainWindow(this);
-    m_oProjectMode.setProjectMode(16);
+    m_oProjectMode.setProjectMode(Utils::ProjectMode::Released);
 
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName(QStringLiteral("centralTabs"));
@@ -71,12 +87,12 @@ WorkbenchWindow::~WorkbenchWindow()
     // The dock reports its hiding while the window's base is destroyed; this part is gone then.
     if (m_poDock)
         m_poDock->disconnect(this);
-    if (m_poInterface) {
+    if (m_poNavigator) {
         if (!m_bDockHidden)
-            m_poInterface->hidingWidget();
+            m_poNavigator->hidingWidget();
         // The plug-in made the widget, so the plug-in ends it, before the dock would.
         m_poDock->setWidget(nullptr);
-        m_poDescriptor->destroyFunction()(m_poInterface);
+        m_poDescriptor->destroyFunction()(m_poNavigator);
     }
     for (QTranslator* translator : qAsConst(m_lstTranslators))
         QCoreApplication::removeTranslator(translator);
@@ -103,12 +119,11 @@ bool WorkbenchWindow::bLoadPlugin(const QString& path, QString* error)
         *error = tr("%1 offers no navigator.").arg(path);
         return false;
     }
-    m_poInterface = m_poDescriptor->createFunction()();
-    m_poNavigator = dynamic_cast<WidgetTree*>(m_poInterface);
+    WidgetModules::WidgetInterface* instance = m_poDescriptor->createFunction()();
+    m_poNavigator = dynamic_cast<WidgetTree*>(instance);
     if (!m_poNavigator) {
         *error = tr("The navigator of %1 is not the widget this workbench knows.").arg(path);
-        m_poDescriptor->destroyFunction()(m_poInterface);
-        m_poInterface = nullptr;
+        m_poDescriptor->destroyFunction()(instance);
         return false;
     }
     m_poDock = new QDockWidget(this);
@@ -117,10 +132,10 @@ bool WorkbenchWindow::bLoadPlugin(const QString& path, QString* error)
     addDockWidget(Qt::LeftDockWidgetArea, m_poDock);
     resizeDocks({m_poDock}, {430}, Qt::Horizontal);
     connect(m_poDock, &QDockWidget::visibilityChanged, this, &WorkbenchWindow::vOnDockVisibility);
-    m_poInterface->setResources(m_oModel.poScene(), &m_oProjectMode);
+    m_poNavigator->setResources(m_oModel.poScene(), &m_oProjectMode);
     m_poHost->vAttach(m_poNavigator);
     // The dock is about to appear with the window.
-    m_poInterface->showingWidget();
+    m_poNavigator->showingWidget();
     m_bShowingAnnounced = true;
     vRetranslate();
     return true;
@@ -128,18 +143,18 @@ bool WorkbenchWindow::bLoadPlugin(const QString& path, QString* error)
 
 void WorkbenchWindow::vOnDockVisibility(bool visible)
 {
-    if (!m_poInterface || visible != m_bDockHidden)
+    if (!m_poNavigator || visible != m_bDockHidden)
         return;
     m_bDockHidden = !visible;
     if (!visible) {
-        m_poInterface->hidingWidget();
+        m_poNavigator->hidingWidget();
         return;
     }
     // The first showing was announced when the dock was made; later ones are announced here.
     if (!m_bShowingAnnounced)
-        m_poInterface->showingWidget();
+        m_poNavigator->showingWidget();
     m_bShowingAnnounced = false;
-    m_poInterface->shown();
+    m_poNavigator->shown();
 }
 
 void WorkbenchWindow::setJob(Script::DItem* root)
@@ -260,11 +275,6 @@ RequestLog* WorkbenchWindow::poRequestLog() const
     return m_poLog;
 }
 
-Utils::ProjectMode& WorkbenchWindow::projectMode()
-{
-    return m_oProjectMode;
-}
-
 JobRunner& WorkbenchWindow::runner()
 {
     return *m_poRunner;
@@ -284,18 +294,19 @@ void WorkbenchWindow::vCreateMenus()
                                              QKeySequence::Open);
     m_poSampleAction = m_poFileMenu->addAction(QString(), this, [this] {
         QString error;
-        bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error);
+        bOpenJob(sSampleJobPath(), &error);
     });
     m_poFileMenu->addSeparator();
     m_poQuitAction = m_poFileMenu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit);
 
     m_poViewMenu = menuBar()->addMenu(QString());
     m_poExpertAction = m_poViewMenu->addAction(QString());
+    m_poExpertAction->setObjectName(QStringLiteral("expertViewAction"));
     m_poExpertAction->setCheckable(true);
+    // The host follows the mode wherever it is switched.
     connect(m_poExpertAction, &QAction::toggled, this, [this](bool expert) {
-        m_oVisibility.setVisibilityMode(expert ? 1 : 0);
-        if (WidgetTreeView* tree = m_poHost->poTree())
-            tree->refreshItemVisiblity();
+        m_oVisibility.setVisibilityMode(expert ? ItemVisibility::VisibilityInfo::ExpertView
+                                               : ItemVisibility::VisibilityInfo::NormalView);
     });
     m_poLanguageMenu = m_poViewMenu->addMenu(QString());
     auto* languages = new QActionGroup(this);
@@ -321,11 +332,11 @@ void WorkbenchWindow::vCreateMenus()
     tools->addAction(m_poRunAction);
 
     m_poProjectMenu = menuBar()->addMenu(QString());
-    for (int flag : kProjectFlags) {
+    for (const ProjectFlag& flag : kProjectFlags) {
         QAction* action = m_poProjectMenu->addAction(QString());
         action->setCheckable(true);
-        action->setChecked(m_oProjectMode.contains(flag));
-        action->setData(flag);
+        action->setChecked(m_oProjectMode.contains(flag.flag));
+        action->setData(int(flag.flag));
         connect(action, &QAction::toggled, this, &WorkbenchWindow::vApplyProjectFlags);
         m_lstProjectFlagActions.append(action);
     }
@@ -359,10 +370,9 @@ void WorkbenchWindow::vRetranslate()
     m_poRunAction->setText(tr("&Run"));
     m_poRunAction->setToolTip(tr("Runs the job: its outputs change several times a second (F5)"));
     m_poProjectMenu->setTitle(tr("&Project"));
-    const QStringList flagNames
-        = {tr("Locked look"), tr("Released"), tr("Editing blocked"), tr("Hard lock")};
     for (int i = 0; i < m_lstProjectFlagActions.size(); ++i) {
+        const ProjectFlag& flag = kProjectFlags[i];
         m_lstProjectFlagActions.at(i)->setText(
-            QStringLiteral("%1 (%2)").arg(flagNames.at(i)).arg(kProjectFlags[i]));
+            QStringLiteral("%1 (%2)").arg(tr(flag.label)).arg(int(flag.flag)));
     }
 }

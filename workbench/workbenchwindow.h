@@ -22,7 +22,6 @@ class WidgetTree;
 
 namespace WidgetModules {
 class WidgetDescriptor;
-class WidgetInterface;
 } // namespace WidgetModules
 
 /// The workbench's main window: it plays the host application around the plug-in's dock.
@@ -34,6 +33,9 @@ class WorkbenchWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    /// The resource path of the sample job that the workbench embeds.
+    static QString sSampleJobPath();
+
     /// Makes the window with an empty job and no dock yet.
     explicit WorkbenchWindow(QWidget* parent = nullptr);
     ~WorkbenchWindow() override;
@@ -62,8 +64,6 @@ public:
     JobModel& model();
     /// The list of requests received.
     RequestLog* poRequestLog() const;
-    /// The project mode the dock follows.
-    Utils::ProjectMode& projectMode();
     /// What makes the job's outputs move while it runs.
     JobRunner& runner();
 
@@ -82,7 +82,6 @@ private:
     ItemVisibility::VisibilityInfo m_oVisibility;
     QLibrary m_oPlugin;
     WidgetModules::WidgetDescriptor* m_poDescriptor = nullptr;
-    WidgetModules::WidgetInterface* m_poInterface = nullptr;
     WidgetTree* m_poNavigator = nullptr;
     QDockWidget* m_poDock = nullptr;
     RequestLog* m_poLog = nullptr;

@@ -5,11 +5,12 @@
 #include "controls/int64validator.h"
 #include "controls/intervalmapper.h"
 
+#include "measures.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTextStream>
 
-#include <algorithm>
 #include <functional>
 #include <limits>
 #include <vector>
@@ -37,8 +38,7 @@ double medianNanoseconds(int calls, const std::function<long(int)>& call)
         runs.push_back(static_cast<double>(timer.nsecsElapsed()) / calls);
         gSink = gSink + sum;
     }
-    std::sort(runs.begin(), runs.end());
-    return runs[iRuns / 2];
+    return median(runs);
 }
 
 struct ValidateCase
@@ -110,8 +110,8 @@ int main(int argc, char** argv)
             = static_cast<unsigned long>(c.max) - static_cast<unsigned long>(c.min);
         std::vector<long> values;
         for (unsigned k = 0; k <= 1020; ++k) {
-            const auto offset = static_cast<unsigned long>(
-                static_cast<unsigned __int128>(width) * k / 1020);
+            const auto offset
+                = static_cast<unsigned long>(static_cast<unsigned __int128>(width) * k / 1020);
             values.push_back(static_cast<long>(static_cast<unsigned long>(c.min) + offset));
         }
         const double ns = medianNanoseconds(iMapperCalls, [&mapper, &values](int i) {

@@ -8,11 +8,12 @@
 #include "sdk/ditem.h"
 #include "ui_widgetsetdynamicgeneric.h"
 
+#include "measures.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTreeWidget>
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -26,9 +27,9 @@ const int kRuns = 5;
 
 std::vector<std::unique_ptr<DItem>> makeNodes(int count)
 {
-    static const QString icons[] = {QStringLiteral(":/images/cs_origin.svg"),
-                                    QStringLiteral(":/images/file_open.svg"),
-                                    QStringLiteral(":/images/Setting-3.svg")};
+    static const QString icons[]
+        = {QStringLiteral(":/images/cs_origin.svg"), QStringLiteral(":/images/file_open.svg"),
+           QStringLiteral(":/images/Setting-3.svg")};
     std::vector<std::unique_ptr<DItem>> nodes;
     nodes.reserve(count);
     for (int i = 0; i < count; ++i) {
@@ -56,8 +57,7 @@ double medianMs(int count)
         if (picker.ui->m_poTreeWidget->selectedItems().size() != 1)
             std::fprintf(stderr, "the linked node was not selected\n");
     }
-    std::sort(times.begin(), times.end());
-    return times[kRuns / 2];
+    return median(times);
 }
 
 } // namespace

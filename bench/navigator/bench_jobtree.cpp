@@ -9,6 +9,8 @@
 #include "sdk/wappsettings.h"
 #include "sdk/widgetdescriptor.h"
 
+#include "measures.h"
+
 #include <QApplication>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -17,7 +19,6 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -127,12 +128,6 @@ double milliseconds(const std::function<void()>& work)
     work();
     QCoreApplication::processEvents();
     return timer.nsecsElapsed() / 1e6;
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 struct Figures

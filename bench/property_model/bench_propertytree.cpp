@@ -13,9 +13,10 @@
 #include "sdk/wappsetting.h"
 #include "sdk/wappsettings.h"
 
-#include <QAbstractItemModel>
 #include "allocationcounter.h"
+#include "measures.h"
 
+#include <QAbstractItemModel>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -24,11 +25,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <malloc.h>
 #include <memory>
 #include <string>
 #include <vector>
-
 
 namespace {
 
@@ -41,12 +40,6 @@ const int kPaintRows = 40;
 const int kPaintSamples = 21;
 // Guards the event loop against a repaint that keeps posting itself; far above what is needed.
 const int kMaxPasses = 1000;
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 double msSince(const QElapsedTimer& timer)
 {
@@ -423,13 +416,6 @@ struct MemoryFigures
     double allocationsPerRow = 0.0;
     double refillBytesPerRow = 0.0;
 };
-
-size_t heapInUse()
-{
-    const struct mallinfo2 info = mallinfo2();
-    // Large blocks, such as the lists of all rows, are mapped apart from the arena.
-    return info.uordblks + info.hblkhd;
-}
 
 /// Heap bytes and blocks that a fill of @p count rows into an empty tree leaves allocated, and
 /// the bytes by which a second fill of the same nodes grows the heap, median of the runs. The

@@ -1,6 +1,7 @@
 // Times the property browser on a shown tree with N rows, through the published API only, so
 // that the same source builds against any implementation of that API.
 
+#include "measures.h"
 #include "qtpropertymanager.h"
 #include "qttreepropertybrowser.h"
 
@@ -8,9 +9,7 @@
 #include <QElapsedTimer>
 #include <QTextStream>
 
-#include <algorithm>
 #include <functional>
-#include <malloc.h>
 #include <vector>
 
 namespace {
@@ -73,8 +72,7 @@ double medianMs(int rows, const std::function<void(Fixture&, int)>& prepare,
         QCoreApplication::processEvents();
         times.push_back(timer.nsecsElapsed() / 1e6);
     }
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+    return median(times);
 }
 
 /// Heap bytes per row that adding @p rows integer rows leaves allocated, median of the runs.
@@ -84,14 +82,13 @@ double bytesPerRow(int rows)
     for (int run = 0; run < kRuns; ++run) {
         Fixture fixture;
         fixture.properties.reserve(rows);
-        const size_t before = mallinfo2().uordblks;
+        const size_t before = heapInUse();
         fixture.addIntegers(rows);
         QCoreApplication::processEvents();
-        const size_t after = mallinfo2().uordblks;
+        const size_t after = heapInUse();
         sizes.push_back((double(after) - double(before)) / rows);
     }
-    std::sort(sizes.begin(), sizes.end());
-    return sizes[sizes.size() / 2];
+    return median(sizes);
 }
 
 void nothing(Fixture&, int) { }

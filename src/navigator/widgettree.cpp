@@ -42,7 +42,6 @@ const QString currentName;
 const QString kShowWindows = QStringLiteral("SHOW_WINDOWS");
 const QString kShowWelcomePage = QStringLiteral("ShowWelcomePage");
 const QString kDontBlockMe = QStringLiteral("DONT_BLOCK_ME");
-const QString kPhantom = QStringLiteral("Phantom");
 
 // The host answers within 25 seconds and holds the sender until then.
 const int kRequestTimeout = 25000;
@@ -200,8 +199,7 @@ void WidgetTree::connectWidgets()
     connect(propertyBrowser, &Browser::mouseEventSignal, this,
             &WidgetTree::vPropertyEditorMouseEvent);
     connect(propertyBrowser, &Browser::requestSaveToFile, this, &WidgetTree::requestSaveToFile);
-    connect(propertyBrowser, &Browser::requestLoadFromFile, this,
-            &WidgetTree::requestLoadFromFile);
+    connect(propertyBrowser, &Browser::requestLoadFromFile, this, &WidgetTree::requestLoadFromFile);
     connect(propertyBrowser, &Browser::requestUnloadFile, this, &WidgetTree::requestUnloadFile);
 
     // The pages come from the host's resources; a page or button it lacks is simply not wired.
@@ -341,8 +339,7 @@ QTreeWidgetItem* WidgetTree::poFindItem(const QString& path) const
         return nullptr;
     for (QTreeWidgetItemIterator it(tree); *it; ++it) {
         QTreeWidgetItem* item = *it;
-        if (item == &addModuleItem
-            || item->data(0, WidgetTreeView::PhantomRole).toString() == kPhantom)
+        if (WidgetTreeView::bHoldsNoNode(*item))
             continue;
         const Script::DItem* node = tree->getDItem(*item);
         if (node && node->iDataPath() == path)

@@ -1,6 +1,7 @@
 #include "navigator/widgettreeview.h"
 
 #include "navigator/containers.h"
+#include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/apputils.h"
 #include "sdk/ditem.h"
@@ -30,14 +31,13 @@ const QString kAddModuleItem = QStringLiteral("AddModuleItem");
 const QString kPhantom = QStringLiteral("Phantom");
 const QString kModulePrefix = QStringLiteral("Module Application.");
 
-// Rows that hold no node: the "Add Module" row and the preview of an insertion.
-bool holdsNoNode(const QTreeWidgetItem& item)
-{
-    return item.data(0, WidgetTreeView::AddModuleItemRole).toString() == kAddModuleItem
-        || item.data(0, WidgetTreeView::PhantomRole).toString() == kPhantom;
-}
-
 } // namespace
+
+bool WidgetTreeView::bHoldsNoNode(const QTreeWidgetItem& item)
+{
+    return item.data(0, AddModuleItemRole).toString() == kAddModuleItem
+        || item.data(0, PhantomRole).toString() == kPhantom;
+}
 
 WidgetTreeView::WidgetTreeView(QWidget* parent)
     : QTreeWidget(parent)
@@ -74,12 +74,7 @@ bool WidgetTreeView::eventFilter(QObject* watched, QEvent* event)
 
 Script::DItem* WidgetTreeView::getDItem(const QTreeWidgetItem& item) const
 {
-    const QVariant address = item.data(0, NodeAddressRole);
-    if (address.userType() == QMetaType::LongLong)
-        return reinterpret_cast<Script::DItem*>(address.toLongLong());
-    bool converted = false;
-    const qlonglong value = address.toLongLong(&converted);
-    return converted ? reinterpret_cast<Script::DItem*>(value) : nullptr;
+    return PropertyBrowser::WidgetProperty::poNodeAt(item.data(0, NodeAddressRole));
 }
 
 void WidgetTreeView::refreshTreeItemState(QTreeWidgetItem& item)
@@ -115,7 +110,7 @@ void WidgetTreeView::refreshItemVisiblity()
     const int mode = ItemVisibility::VisibilityInfo::instance()->getVisibilityMode();
     for (QTreeWidgetItemIterator it(this); *it; ++it) {
         QTreeWidgetItem* item = *it;
-        if (holdsNoNode(*item))
+        if (bHoldsNoNode(*item))
             continue;
         const Script::DItem* node = getDItem(*item);
         if (!node)

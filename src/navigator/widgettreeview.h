@@ -41,6 +41,9 @@ public:
     /// Below @p parent, records the expanded items when @p save is true, or expands the
     /// recorded ones again when it is false.
     void vSetTreeExpandableState(QTreeWidgetItem* parent, bool save);
+    /// Whether @p item is the "Add Module" row or the preview of an insertion, the rows that
+    /// hold no node.
+    static bool bHoldsNoNode(const QTreeWidgetItem& item);
     /// The node of @p item, read from its address role; null when the row holds none.
     Script::DItem* getDItem(const QTreeWidgetItem& item) const;
     /// Sets the name, icon, tool tip and text colour of @p item from its node.

@@ -10,7 +10,10 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QProxyStyle>
+#include <QScopeGuard>
 #include <QStandardItemModel>
+#include <QStyleFactory>
 #include <QTest>
 
 namespace {
@@ -108,6 +111,25 @@ int countPixels(const QImage& image, const QColor& color)
     }
     return count;
 }
+
+// Records the rectangle of every focus frame drawn through it.
+class FocusFrameRecorder : public QProxyStyle
+{
+public:
+    FocusFrameRecorder()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion")))
+    { }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element == PE_FrameFocusRect)
+            m_lFrames.append(option->rect);
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+    mutable QList<QRect> m_lFrames;
+};
 
 QPixmap redIcon()
 {
@@ -332,10 +354,25 @@ void TestDItemNavPainter::selectedParentGetsAFrameAndNoFill_data()
 void TestDItemNavPainter::selectedParentGetsAFrameAndNoFill()
 {
     QFETCH(int, row);
+    // The delegate draws its frame with the application's style.
+    const QString styleBefore = QApplication::style()->objectName();
+    auto* recorder = new FocusFrameRecorder;
+    QApplication::setStyle(recorder);
+    const auto restoreStyle = qScopeGuard([&styleBefore] { QApplication::setStyle(styleBefore); });
     ItemDelegateParentSelected delegate(nullptr);
     QStyledItemDelegate base;
     const QModelIndex parent = m_oModel.index(row, 0);
     const QImage painted = paintCell(delegate, parent, true);
+
+    // One frame around the text, and the icon when there is one, over the row's full height.
+    QCOMPARE(recorder->m_lFrames.size(), 1);
+    const QRect textBounds
+        = QFontMetrics(QApplication::font()).boundingRect(parent.data().toString());
+    const int textSpan = textBounds.right() - textBounds.left();
+    const int iconWidth = 16;
+    const int right = row == 2 ? textSpan + 13 + iconWidth - 1 : textSpan + 6;
+    QCOMPARE(recorder->m_lFrames.first(), QRect(QPoint(0, 0), QPoint(right, 23)));
+
     const QImage filled = paintCell(base, parent, true);
     QVERIFY(painted != filled);
     // The base class fills the selection with the highlight colour; this one draws none of it.

@@ -555,7 +555,7 @@ private slots:
         QTreeWidgetItem* camera
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         RequestRecorder host(widget.get());
         clickItem(view, camera);
         QCOMPARE(host.ids(), QList<int> {9});
@@ -577,7 +577,7 @@ private slots:
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         view->addTopLevelItem(widget->poAddModuleItem());
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         RequestRecorder host(widget.get());
         clickItem(view, widget->poAddModuleItem());
         QVERIFY(widget->poAddModuleItem()->isSelected());
@@ -757,7 +757,7 @@ private slots:
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         JobFixture::nodeOf(camera)->setRenamingAllowed(true);
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         view->setCurrentItem(camera);
         RequestRecorder host(widget.get());
         // The view's rename signal, as the F2 key sends it.
@@ -803,7 +803,7 @@ private slots:
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         JobFixture::nodeOf(camera)->setRenamingAllowed(true);
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         view->setCurrentItem(camera);
         RequestRecorder host(widget.get());
         QVERIFY(QMetaObject::invokeMethod(widget.get(), "renameCurrentItem"));
@@ -835,7 +835,7 @@ private slots:
         QTreeWidgetItem* camera
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         view->setCurrentItem(camera);
         RequestRecorder host(widget.get());
         QVERIFY(QMetaObject::invokeMethod(widget.get(), "renameCurrentItem"));
@@ -853,7 +853,7 @@ private slots:
             = job.add(job.rootItem(), QStringLiteral("Module Application.Camera"));
         JobFixture::nodeOf(camera)->setRenamingAllowed(true);
         view->expandAll();
-        showActive(*widget);
+        QVERIFY(showActive(*widget));
         view->setCurrentItem(camera);
         RequestRecorder host(widget.get());
         QVERIFY(QMetaObject::invokeMethod(widget.get(), "renameCurrentItem"));
@@ -867,11 +867,11 @@ private slots:
     }
 
 private:
-    static void showActive(QWidget& widget)
+    static bool showActive(QWidget& widget)
     {
         widget.show();
         QApplication::setActiveWindow(&widget);
-        QVERIFY(QTest::qWaitForWindowActive(&widget));
+        return QTest::qWaitForWindowActive(&widget);
     }
 };
 

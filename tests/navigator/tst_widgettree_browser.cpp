@@ -10,13 +10,17 @@
 #include "qtabstracteditorfactory.h"
 #include "qtbrowseritem.h"
 #include "sdk/ditem.h"
+#include "sdk/visibilityinfo.h"
 
 #include "testsupport.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QFrame>
 #include <QLayout>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <memory>
@@ -90,7 +94,9 @@ private slots:
     void initTestCase()
     {
         TestSupport::failOnWarnings();
-        PropertyBrowser::WidgetProperty::m_ErrorDescription = [](int) { return std::string(); };
+        PropertyBrowser::WidgetProperty::m_ErrorDescription = [](int) {
+            return std::string();
+        };
     }
 
     void cleanup() { QTRY_VERIFY(TestSupport::liveTopLevelWidgets().isEmpty()); }
@@ -220,15 +226,37 @@ private slots:
         QTRY_VERIFY(view->findChildren<LinkRecordingEditor*>().isEmpty());
     }
 
+    void mouseEventWithoutItemDoesNothing_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::newRow("left") << int(Qt::LeftButton);
+        QTest::newRow("right") << int(Qt::RightButton);
+    }
+
     void mouseEventWithoutItemDoesNothing()
     {
+        QFETCH(int, button);
+        const auto pressed = static_cast<Qt::MouseButton>(button);
+        // In the expert view a right press on a row would open the row's menu.
+        ItemVisibility::VisibilityInfo* visibility = ItemVisibility::VisibilityInfo::instance();
+        visibility->setVisibilityMode(ItemVisibility::VisibilityInfo::ExpertView);
+        const auto normalView = qScopeGuard([visibility] {
+            visibility->setVisibilityMode(ItemVisibility::VisibilityInfo::NormalView);
+        });
+        Script::DItem node(kPath, QStringLiteral("IDataBasicInt"), Script::DItem::IoInput);
         auto widget = makeTree();
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
+        WTreePropertyBrowser* browser = browserOf(*widget);
+        QVERIFY(browser->createPropertyItem(node, true));
+        RequestRecorder host(widget.get());
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), pressed, pressed,
                           Qt::NoModifier);
         QVERIFY(QMetaObject::invokeMethod(widget.get(), "vPropertyEditorMouseEvent",
                                           Q_ARG(QMouseEvent*, &press),
                                           Q_ARG(QtBrowserItem*, nullptr)));
-        QVERIFY(!browserOf(*widget)->currentItem());
+        QVERIFY(!browser->currentItem());
+        QVERIFY(browser->findChildren<QMenu*>().isEmpty());
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(host.requests().isEmpty());
     }
 
     void defaultLinkWidgetOpensTheLinkPage()

@@ -11,6 +11,7 @@
 #include "sdk/wappsetting.h"
 #include "sdk/wappsettings.h"
 
+#include "showwidget.h"
 #include "testsupport.h"
 
 #include <QApplication>
@@ -74,6 +75,8 @@ private slots:
     void initTestCase()
     {
         TestSupport::failOnWarnings();
+        // The dock's message boxes are answered here, not left to a person.
+        Utils::DialogAutomation::setEnabled(true);
         QVERIFY(m_oDir.isValid());
         m_sSettingsPath = m_oDir.filePath(QStringLiteral("settings.ini"));
         QVERIFY(Settings::WAppSettings::instance()->open(m_sSettingsPath));
@@ -155,6 +158,26 @@ private slots:
             QCOMPARE(palette.color(QPalette::Active, QPalette::Text),
                      QApplication::palette().color(QPalette::Disabled, QPalette::Text));
         }
+    }
+
+    void modeWithoutSteeringFlagKeepsTheLock()
+    {
+        WidgetTree widget(nullptr, Qt::WindowFlags());
+        Dock dock(&widget);
+        Utils::ProjectMode projectMode;
+        widget.setResources(nullptr, &projectMode);
+        widget.showingWidget();
+        projectMode.setProjectMode(1);
+        QVERIFY(qobject_cast<DisabledLookStyle*>(dock.view->style()));
+
+        projectMode.setProjectMode(4096);
+        // Only the browser takes the new mode; the locked look stays as it was.
+        QVERIFY(PropertyBrowser::WTreePropertyBrowser::isEditorCreationAllowed());
+        QVERIFY(qobject_cast<DisabledLookStyle*>(dock.view->style()));
+        QVERIFY(qobject_cast<DisabledLookStyle*>(widget.style()));
+        QVERIFY(!dock.start->isEnabled());
+        QVERIFY(!dock.start->rootObject()->isEnabled());
+        QVERIFY(hasCursor(dock.editor, Qt::ForbiddenCursor));
     }
 
     void releaseUndoesLocks()
@@ -320,7 +343,7 @@ private slots:
         Dock dock(&widget);
         RequestRecorder host(&widget);
         QSignalSpy visible(&widget, &WidgetTree::assistantWidgetVisible);
-        showWindow(widget);
+        QVERIFY(showWidget(&widget));
         QVERIFY(QMetaObject::invokeMethod(&widget, "displayAssistant"));
         QCOMPARE(host.ids(), QList<int> {47});
         const RecordedRequest& request = host.requests().first();
@@ -496,11 +519,11 @@ private slots:
         RequestRecorder host(widget.get());
         widget->showingWidget();
         QCOMPARE(dock.stack->currentIndex(), 2);
-        showWindow(*widget);
+        QVERIFY(showWidget(widget.get()));
         QSignalSpy toolbox(widget.get(), &WidgetTree::enableToolbox);
         QObject* root = dock.welcome->rootObject();
         root->findChild<QObject*>(QStringLiteral("checkBox"))->setProperty("checked", true);
-        clickQml(dock.welcome, root->findChild<QObject*>(QStringLiteral("okBtn")));
+        QVERIFY(clickQml(dock.welcome, root->findChild<QObject*>(QStringLiteral("okBtn"))));
         QCOMPARE(host.ids(), QList<int> {47});
         QCOMPARE(dock.stack->currentIndex(), 1);
         QVERIFY(dock.view->isEnabled());
@@ -519,9 +542,9 @@ private slots:
         Dock dock(widget.get());
         RequestRecorder host(widget.get());
         widget->showingWidget();
-        showWindow(*widget);
+        QVERIFY(showWidget(widget.get()));
         QObject* root = dock.welcome->rootObject();
-        clickQml(dock.welcome, root->findChild<QObject*>(QStringLiteral("okBtn")));
+        QVERIFY(clickQml(dock.welcome, root->findChild<QObject*>(QStringLiteral("okBtn"))));
         QCOMPARE(host.ids(), QList<int> {47});
         widget.reset();
         QCOMPARE(
@@ -654,20 +677,16 @@ private:
         return widget;
     }
 
-    static void showWindow(QWidget& widget)
-    {
-        widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    }
-
-    // Clicks the middle of the QML item @p item as the mouse would.
-    static void clickQml(QQuickWidget* view, QObject* item)
+    // Clicks the middle of the QML item @p item as the mouse would; false when it is none.
+    static bool clickQml(QQuickWidget* view, QObject* item)
     {
         auto* quickItem = qobject_cast<QQuickItem*>(item);
-        QVERIFY(quickItem);
+        if (!quickItem)
+            return false;
         const QPointF centre
             = quickItem->mapToScene(QPointF(quickItem->width() / 2, quickItem->height() / 2));
         QTest::mouseClick(view, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+        return true;
     }
 
     QTemporaryDir m_oDir;

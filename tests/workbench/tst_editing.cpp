@@ -21,7 +21,6 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -76,8 +75,9 @@ private slots:
 
 private:
     QWidget* openEditor(const QString& path, const char* objectName);
-    // Runs the value dialog of the open editor; @p steps works in it and ends it.
-    void runDialog(QWidget* editor, const std::function<void(QDialog&)>& steps);
+    // Opens the value dialog of the open editor by its browse button and runs @p steps in it;
+    // the steps are to end it.
+    TestSupport::ModalRun runDialog(QWidget* editor, const std::function<void(QDialog&)>& steps);
     QVariant nodeValue(const QString& path, const char* key) const;
     WTreePropertyBrowser& browser() const;
 
@@ -104,8 +104,7 @@ void TestEditing::init()
     m_poWindow = std::make_unique<WorkbenchWindow>();
     QString error;
     QVERIFY2(m_poWindow->bLoadPlugin(QStringLiteral(PLUGIN_PATH), &error), qPrintable(error));
-    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error),
-             qPrintable(error));
+    QVERIFY2(m_poWindow->bOpenJob(WorkbenchWindow::sSampleJobPath(), &error), qPrintable(error));
     // Listens beside the host, which answers first.
     connect(
         m_poWindow->poNavigator(), &WidgetTree::treeReq, this,
@@ -114,8 +113,8 @@ void TestEditing::init()
                 return;
             const QVariantList values
                 = request.empty() ? QVariantList() : request.front().first.toList();
-            m_lEdits.append({values.value(0).toString(), values.value(1).toInt(),
-                             values.value(2), values.value(3).toBool()});
+            m_lEdits.append({values.value(0).toString(), values.value(1).toInt(), values.value(2),
+                             values.value(3).toBool()});
         },
         Qt::DirectConnection);
     m_poWindow->show();
@@ -150,7 +149,8 @@ QWidget* TestEditing::openEditor(const QString& path, const char* objectName)
     const QRect cell = view->visualRect(view->model()->index(row, 1));
     // Left of the browse button, where the value stands.
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(20, 8));
-    auto* editor = view->findChild<PropertyBrowser::Editors::BaseEditor*>(QLatin1String(objectName));
+    auto* editor
+        = view->findChild<PropertyBrowser::Editors::BaseEditor*>(QLatin1String(objectName));
     // The editor reports itself a moment after it opened; only then do refreshes reach it.
     if (editor && !QTest::qWaitFor([editor] {
             return WTreePropertyBrowser::propertyEditWidget == editor;
@@ -159,20 +159,17 @@ QWidget* TestEditing::openEditor(const QString& path, const char* objectName)
     return editor;
 }
 
-void TestEditing::runDialog(QWidget* editor, const std::function<void(QDialog&)>& steps)
+TestSupport::ModalRun TestEditing::runDialog(QWidget* editor,
+                                             const std::function<void(QDialog&)>& steps)
 {
     QPushButton* browse = editor->findChild<QPushButton*>();
-    QVERIFY(browse);
-    QTimer::singleShot(0, this, [steps] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        QCOMPARE(dialog->objectName(), QStringLiteral("WidgetSetNode"));
-        steps(*dialog);
-        // A step that failed leaves the dialog open; it must not wait for a person.
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    QTest::mouseClick(browse, Qt::LeftButton);
+    if (!browse)
+        return {};
+    return TestSupport::runModal([browse] { QTest::mouseClick(browse, Qt::LeftButton); },
+                                 [&steps](QDialog& dialog) {
+                                     QCOMPARE(dialog.objectName(), QStringLiteral("WidgetSetNode"));
+                                     steps(dialog);
+                                 });
 }
 
 void TestEditing::integerTypedAndEntered()
@@ -216,8 +213,7 @@ void TestEditing::int64SteppedByTheWheel()
     const qlonglong sent = m_lEdits.first().params.toLongLong();
     QVERIFY(sent > std::numeric_limits<qlonglong>::min());
     QCOMPARE(nodeValue(path, "IDataNumeric.LocalValue").toLongLong(), sent);
-    QCOMPARE(editor->findChild<QLineEdit*>()->text(),
-             browser().getWProperty(path)->valueText());
+    QCOMPARE(editor->findChild<QLineEdit*>()->text(), browser().getWProperty(path)->valueText());
 }
 
 void TestEditing::doubleTypedAndEntered()
@@ -293,12 +289,13 @@ void TestEditing::dialogSetsALocalValue()
     const QString path = QStringLiteral("BottleInspection.Camera.Gain");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
-    runDialog(editor, [](QDialog& dialog) {
+    const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {
         dialog.findChild<QRadioButton*>(QStringLiteral("rbLocalValue"))->setChecked(true);
         dialog.findChild<QDoubleSpinBox*>(QStringLiteral("m_poValueText"))->setValue(6.5);
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("m_OKBtn")),
                           Qt::LeftButton);
     });
+    QVERIFY(run.shown && !run.leftOpen);
     QCOMPARE(m_lEdits.size(), 1);
     QCOMPARE(m_lEdits.first().command, kSetValue);
     QCOMPARE(m_lEdits.first().params, QVariant(6.5));
@@ -314,7 +311,7 @@ void TestEditing::dialogSetsLimits()
     QWidget* editor = openEditor(path, "IntPropertyEditor");
     QVERIFY(editor);
     QVERIFY(!editor->findChild<QLineEdit*>()->isEnabled());
-    runDialog(editor, [](QDialog& dialog) {
+    const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {
         dialog.findChild<QRadioButton*>(QStringLiteral("rbLocalValue"))->setChecked(true);
         auto* minimum = dialog.findChild<QLineEdit*>(QStringLiteral("m_poMinValueText"));
         auto* maximum = dialog.findChild<QLineEdit*>(QStringLiteral("m_poMaxValueText"));
@@ -326,6 +323,7 @@ void TestEditing::dialogSetsLimits()
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("m_OKBtn")),
                           Qt::LeftButton);
     });
+    QVERIFY(run.shown && !run.leftOpen);
     QCOMPARE(m_lEdits.size(), 1);
     QCOMPARE(m_lEdits.first().command, kSetLimits);
     QCOMPARE(nodeValue(path, "IDataNumeric.LocalMin").toInt(), 20);
@@ -338,7 +336,7 @@ void TestEditing::dialogLinksAPickedNode()
     const QString target = QStringLiteral("BottleInspection.Locator.Score");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
-    runDialog(editor, [&target](QDialog& dialog) {
+    const TestSupport::ModalRun run = runDialog(editor, [&target](QDialog& dialog) {
         // An input opens on its link page.
         QVERIFY(dialog.findChild<QRadioButton*>(QStringLiteral("rbDynamicValue"))->isChecked());
         auto* tree = dialog.findChild<QTreeWidget*>(QStringLiteral("m_poTreeWidget"));
@@ -352,6 +350,7 @@ void TestEditing::dialogLinksAPickedNode()
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("m_OKBtn")),
                           Qt::LeftButton);
     });
+    QVERIFY(run.shown && !run.leftOpen);
     QCOMPARE(m_lEdits.size(), 1);
     QCOMPARE(m_lEdits.first().command, kSetLink);
     QCOMPARE(m_lEdits.first().params, QVariant(target));
@@ -371,13 +370,14 @@ void TestEditing::resetClearsALink()
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     bool linkSelected = false;
-    runDialog(editor, [&linkSelected](QDialog& dialog) {
+    const TestSupport::ModalRun run = runDialog(editor, [&linkSelected](QDialog& dialog) {
         auto* tree = dialog.findChild<QTreeWidget*>(QStringLiteral("m_poTreeWidget"));
         linkSelected = tree->selectedItems().size() == 1;
         auto* reset = dialog.findChild<QPushButton*>(QStringLiteral("m_ResetBtn"));
         QVERIFY(reset->isVisible() && reset->isEnabled());
         QTest::mouseClick(reset, Qt::LeftButton);
     });
+    QVERIFY(run.shown && !run.leftOpen);
     QVERIFY(linkSelected);
     QCOMPARE(m_lEdits.size(), 1);
     QCOMPARE(m_lEdits.first().command, kSetLink);
@@ -390,11 +390,12 @@ void TestEditing::cancelSendsNothing()
     const QString path = QStringLiteral("BottleInspection.Camera.Gain");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
-    runDialog(editor, [](QDialog& dialog) {
+    const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {
         dialog.findChild<QDoubleSpinBox*>(QStringLiteral("m_poValueText"))->setValue(9.0);
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("m_CancelBtn")),
                           Qt::LeftButton);
     });
+    QVERIFY(run.shown && !run.leftOpen);
     QVERIFY(m_lEdits.isEmpty());
     QCOMPARE(nodeValue(path, "IDataNumeric.LocalValue").toDouble(), 2.5);
 }

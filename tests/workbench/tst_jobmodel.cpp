@@ -67,6 +67,7 @@ private slots:
     void setValueReplacesALink();
     void imagesAndBinaries();
     void linksFollowTheirSource();
+    void anEditReportsTheNodeAndItsFollowers();
     void linkRefusals_data();
     void linkRefusals();
     void clearingALinkRestoresTheLocalValue();
@@ -143,11 +144,14 @@ void TestJobModel::setValue()
     QFETCH(QVariant, params);
     QFETCH(QByteArray, key);
     QFETCH(QVariant, expected);
-    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QSignalSpy changed(m_poModel, &JobModel::nodesChanged);
     QString error;
     QVERIFY2(m_poModel->bApplyCommand(path, Command::SetValue, params, &error), qPrintable(error));
     QCOMPARE(m_poModel->poNode(path)->property(key.constData()), expected);
+    // Nothing follows the node, so it is the one node the views refresh.
     QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().first().value<QList<DItem*>>(),
+             QList<DItem*> {m_poModel->poNode(path)});
 }
 
 void TestJobModel::setValueRefusesWrongTypes_data()
@@ -170,7 +174,7 @@ void TestJobModel::setValueRefusesWrongTypes()
 {
     QFETCH(QString, path);
     QFETCH(QVariant, params);
-    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QSignalSpy changed(m_poModel, &JobModel::nodesChanged);
     QString error;
     QVERIFY(!m_poModel->bApplyCommand(path, Command::SetValue, params, &error));
     QVERIFY(!error.isEmpty());
@@ -237,6 +241,25 @@ void TestJobModel::linksFollowTheirSource()
     m_poModel->poNode("Job.Source.Int")->setProperty("IDataNumeric.DynamicValue", 8);
     QVERIFY(m_poModel->bApplyCommand("Job.Sink.Text", Command::SetValue, QVariant("y"), &error));
     QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IDataNumeric.DynamicValue").toInt(), 8);
+}
+
+void TestJobModel::anEditReportsTheNodeAndItsFollowers()
+{
+    QString error;
+    QVERIFY(
+        m_poModel->bApplyCommand("Job.Sink.Double", Command::SetLink, "Job.Source.Int", &error));
+    QVERIFY(m_poModel->bApplyCommand("Job.Sink.Int", Command::SetLink, "Job.Sink.Double", &error));
+    QSignalSpy changed(m_poModel, &JobModel::nodesChanged);
+    QSignalSpy visibility(m_poModel, &JobModel::visibilityChanged);
+    QVERIFY(m_poModel->bApplyCommand("Job.Source.Int", Command::SetValue, 9, &error));
+    QCOMPARE(changed.count(), 1);
+    // The whole chain, source first; the other outputs of the module are left alone.
+    QCOMPARE(
+        changed.first().first().value<QList<DItem*>>(),
+        (QList<DItem*> {m_poModel->poNode("Job.Source.Int"), m_poModel->poNode("Job.Sink.Double"),
+                        m_poModel->poNode("Job.Sink.Int")}));
+    QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IDataNumeric.DynamicValue").toInt(), 9);
+    QCOMPARE(visibility.count(), 0);
 }
 
 void TestJobModel::linkRefusals_data()
@@ -329,6 +352,7 @@ void TestJobModel::limits()
 void TestJobModel::ocrFilters()
 {
     QSignalSpy structure(m_poModel, &JobModel::structureChanged);
+    QSignalSpy changed(m_poModel, &JobModel::nodesChanged);
     QString error;
     const QString filter = QStringLiteral("Job.Sink.Fielding.Set.A");
     QVERIFY(
@@ -343,6 +367,8 @@ void TestJobModel::ocrFilters()
     QVERIFY(added);
     QCOMPARE(added->property("IDataBasicString.LocalValue"), QVariant("letters"));
     QCOMPARE(structure.count(), 1);
+    // The filter that took the value is the changed one, not the row that was edited.
+    QCOMPARE(changed.last().first().value<QList<DItem*>>(), QList<DItem*> {added});
     QVERIFY(!m_poModel->bApplyCommand(filter, Command::SetValue, QStringList {"A"}, &error));
 }
 
@@ -411,14 +437,18 @@ void TestJobModel::deleteTakesTheNodeOutOfItsParent()
 
 void TestJobModel::visibilityAndColorMarking()
 {
-    QSignalSpy changed(m_poModel, &JobModel::valuesChanged);
+    QSignalSpy visibility(m_poModel, &JobModel::visibilityChanged);
+    QSignalSpy changed(m_poModel, &JobModel::nodesChanged);
     QVERIFY(m_poModel->bSetVisible("Job.Sink.Int", false));
     QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IData.IsGuiVisible"), QVariant(false));
     QVERIFY(m_poModel->bSetColorMarking("Job.Sink.Int", true));
     QCOMPARE(m_poModel->poNode("Job.Sink.Int")->property("IData.UseForColorMarking"),
              QVariant(true));
     QVERIFY(!m_poModel->bSetVisible("Job.None", true));
-    QCOMPARE(changed.count(), 2);
+    QCOMPARE(visibility.count(), 1);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().first().value<QList<DItem*>>(),
+             QList<DItem*> {m_poModel->poNode("Job.Sink.Int")});
 }
 
 void TestJobModel::acceptableLinks()

@@ -6,6 +6,7 @@
 
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/doublepropertymanager.h"
 #include "property_model/intpropertymanager.h"
 #include "property_model/widgetproperty.h"
 #include "property_model/wtreepropertybrowser.h"
@@ -16,6 +17,7 @@
 #include "sdk/wappsettings.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -31,6 +33,9 @@ namespace {
 const QString kCamera = QStringLiteral("BottleInspection.Camera");
 const QString kExposure = QStringLiteral("BottleInspection.Camera.Exposure");
 const QString kTemperature = QStringLiteral("BottleInspection.Camera.Temperature");
+const QString kMeasurement = QStringLiteral("BottleInspection.Measurement");
+// Hidden in the normal view.
+const QString kOffset = QStringLiteral("BottleInspection.Measurement.Offset");
 
 } // namespace
 
@@ -54,11 +59,12 @@ private slots:
     void languageChangeNamesRowsByTheirPaths();
     void runningJobMovesTheOutputs();
     void renamingAModuleRefillsTheRows();
+    void expertViewShowsHiddenRowsAtOnce();
 
 private:
     void openWindow();
     WTreePropertyBrowser& browser();
-    void select(const QString& path);
+    bool select(const QString& path);
     int requestsWithId(int id) const;
 
     QTemporaryDir m_oFolder;
@@ -68,6 +74,8 @@ private:
 void TestPropertyTreeHost::initTestCase()
 {
     TestSupport::failOnWarnings();
+    // The dock's message boxes are answered here, not left to a person.
+    Utils::DialogAutomation::setEnabled(true);
     QVERIFY(m_oFolder.isValid());
     Settings::WAppSettings* settings = Settings::WAppSettings::instance();
     settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
@@ -88,8 +96,7 @@ void TestPropertyTreeHost::openWindow()
     m_poWindow = std::make_unique<WorkbenchWindow>();
     QString error;
     QVERIFY2(m_poWindow->bLoadPlugin(QStringLiteral(PLUGIN_PATH), &error), qPrintable(error));
-    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error),
-             qPrintable(error));
+    QVERIFY2(m_poWindow->bOpenJob(WorkbenchWindow::sSampleJobPath(), &error), qPrintable(error));
     m_poWindow->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_poWindow.get()));
 }
@@ -106,9 +113,9 @@ WTreePropertyBrowser& TestPropertyTreeHost::browser()
     return *m_poWindow->poNavigator()->findChild<WTreePropertyBrowser*>();
 }
 
-void TestPropertyTreeHost::select(const QString& path)
+bool TestPropertyTreeHost::select(const QString& path)
 {
-    QVERIFY(m_poWindow->bSelectNode(path));
+    return m_poWindow->bSelectNode(path);
 }
 
 int TestPropertyTreeHost::requestsWithId(int id) const
@@ -124,7 +131,7 @@ void TestPropertyTreeHost::selectingAModuleFillsTheRows()
 {
     QCOMPARE(browser().objectName(), QStringLiteral("NavPropertyBrowser"));
     QVERIFY(browser().topLevelItems().isEmpty());
-    select(kCamera);
+    QVERIFY(select(kCamera));
 
     QStringList expected;
     for (const Script::DItem* value : m_poWindow->model().poNode(kCamera)->childNodes())
@@ -144,13 +151,13 @@ void TestPropertyTreeHost::selectingAModuleFillsTheRows()
 
 void TestPropertyTreeHost::selectingAValueShowsItAlone()
 {
-    select(kExposure);
+    QVERIFY(select(kExposure));
     QCOMPARE(browser().getPropertyPaths(), QStringList {kExposure});
 }
 
 void TestPropertyTreeHost::addModuleRowEmptiesTheTree()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     QVERIFY(!browser().topLevelItems().isEmpty());
     const int selections = requestsWithId(9);
     auto* tree = m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
@@ -163,7 +170,7 @@ void TestPropertyTreeHost::addModuleRowEmptiesTheTree()
 
 void TestPropertyTreeHost::anEditTravelsToTheHostAndBack()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     WidgetProperty* exposure = browser().getWProperty(kExposure);
     auto* manager
         = dynamic_cast<PropertyBrowser::Managers::IntPropertyManager*>(exposure->propertyManager());
@@ -185,7 +192,7 @@ void TestPropertyTreeHost::anEditTravelsToTheHostAndBack()
 
 void TestPropertyTreeHost::aPressOnAValueAsksForAnEditor()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     auto* view = browser().findChild<QAbstractItemView*>();
     QVERIFY(view);
     const QStringList paths = browser().getPropertyPaths();
@@ -210,15 +217,13 @@ void TestPropertyTreeHost::aPressOnAValueAsksForAnEditor()
     QVERIFY(Utils::DialogAutomation::calls().isEmpty());
 
     // An output without an editor is read only; a camera row says once why.
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
-                      view->visualRect(temperature).center());
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(temperature).center());
     const QList<Utils::DialogAutomation::Call> calls = Utils::DialogAutomation::calls();
     QCOMPARE(calls.size(), 1);
     QCOMPARE(calls.first().m_eKind, Utils::DialogAutomation::Info);
     QCOMPARE(calls.first().m_slTexts.value(0),
              QStringLiteral("This property cannot be changed in offline mode."));
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
-                      view->visualRect(temperature).center());
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(temperature).center());
     QCOMPARE(Utils::DialogAutomation::calls().size(), 1);
 }
 
@@ -231,11 +236,11 @@ void TestPropertyTreeHost::splitterIsSavedAndRestoredByANewDock()
     QCOMPARE(browser().resizeMode(), QtTreePropertyBrowser::Interactive);
     QCOMPARE(browser().splitterPosition(), saved);
 
-    select(kCamera);
+    QVERIFY(select(kCamera));
     const int moved = saved + 37;
     browser().setSplitterPosition(moved);
     // The position is saved when the rows are replaced.
-    select(QStringLiteral("BottleInspection.Locator"));
+    QVERIFY(select(QStringLiteral("BottleInspection.Locator")));
     QCOMPARE(group->valueOf(QStringLiteral("SplitterPos")).toInt(), moved);
 
     m_poWindow.reset();
@@ -245,7 +250,7 @@ void TestPropertyTreeHost::splitterIsSavedAndRestoredByANewDock()
 
 void TestPropertyTreeHost::languageChangeNamesRowsByTheirPaths()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     WidgetProperty* exposure = browser().getWProperty(kExposure);
     QCOMPARE(exposure->propertyName(), QStringLiteral("Exposure Time [us]"));
     QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("de")));
@@ -258,29 +263,39 @@ void TestPropertyTreeHost::languageChangeNamesRowsByTheirPaths()
 
 void TestPropertyTreeHost::runningJobMovesTheOutputs()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     WidgetProperty* temperature = browser().getWProperty(kTemperature);
     QCOMPARE(temperature->valueText(), QStringLiteral("Not Available"));
     JobRunner& runner = m_poWindow->runner();
     QSignalSpy running(&runner, &JobRunner::runningChanged);
     runner.setRunning(true);
     QCOMPARE(running.count(), 1);
-    // After a few cycles the output has left its unavailable state and shows its value or an
-    // error, exactly as the node says.
+    // After a few cycles the output has left its unavailable state.
     QTRY_VERIFY(temperature->valueText() != QStringLiteral("Not Available"));
     runner.setRunning(false);
     QCOMPARE(running.count(), 2);
+
+    // One more cycle: the row shows the new value or the error, exactly as the node says.
     const Script::DItem* node = m_poWindow->model().poNode(kTemperature);
+    runner.vStep();
     const QString shown = temperature->valueText();
-    if (node->hasErrorState())
+    if (node->hasErrorState()) {
         QCOMPARE(shown, QStringLiteral("Error"));
-    else
-        QCOMPARE(shown.toDouble(), node->property("IDataNumeric.DynamicValue").toDouble());
+    } else {
+        auto* manager = dynamic_cast<PropertyBrowser::Managers::DoublePropertyManager*>(
+            temperature->propertyManager());
+        QVERIFY(manager);
+        const QLocale locale = temperature->locale();
+        const double value = node->property("IDataNumeric.DynamicValue").toDouble();
+        QCOMPARE(shown,
+                 locale.toString(value, 'f', manager->decimals(temperature))
+                     .remove(locale.groupSeparator()));
+    }
 }
 
 void TestPropertyTreeHost::renamingAModuleRefillsTheRows()
 {
-    select(kCamera);
+    QVERIFY(select(kCamera));
     const QString path = QStringLiteral("BottleInspection.Camera");
     QString error;
     QVERIFY(m_poWindow->model().bRename(m_poWindow->model().poNode(path),
@@ -288,6 +303,32 @@ void TestPropertyTreeHost::renamingAModuleRefillsTheRows()
     // The rows of the old paths went at once; the tree, rebuilt, shows the module again.
     QVERIFY(!browser().getWProperty(kExposure));
     QTRY_VERIFY(browser().getWProperty(QStringLiteral("BottleInspection.LineCamera.Exposure")));
+}
+
+void TestPropertyTreeHost::expertViewShowsHiddenRowsAtOnce()
+{
+    QVERIFY(select(kMeasurement));
+    QtBrowserItem* offset = browser().getBrowserItem(*browser().getWProperty(kOffset));
+    QVERIFY(offset);
+    QVERIFY(!browser().isItemVisible(offset));
+    QTreeWidgetItem* offsetItem = m_poWindow->poNavigator()->poFindItem(kOffset);
+    QVERIFY(offsetItem);
+    QVERIFY(offsetItem->isHidden());
+    auto* expert = m_poWindow->findChild<QAction*>(QStringLiteral("expertViewAction"));
+    QVERIFY(expert);
+    const int selections = requestsWithId(9);
+
+    expert->trigger();
+    // Both trees show the hidden value at once, the job tree in italics; nothing was selected
+    // again.
+    QVERIFY(browser().isItemVisible(offset));
+    QVERIFY(!offsetItem->isHidden());
+    QVERIFY(offsetItem->font(0).italic());
+    QCOMPARE(requestsWithId(9), selections);
+
+    expert->trigger();
+    QVERIFY(!browser().isItemVisible(offset));
+    QVERIFY(offsetItem->isHidden());
 }
 
 QTEST_MAIN(TestPropertyTreeHost)

@@ -96,8 +96,7 @@ void TestWorkbench::init()
     m_poWindow = std::make_unique<WorkbenchWindow>();
     QString error;
     QVERIFY2(m_poWindow->bLoadPlugin(QStringLiteral(PLUGIN_PATH), &error), qPrintable(error));
-    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(":/workbench/jobs/sample-job.json"), &error),
-             qPrintable(error));
+    QVERIFY2(m_poWindow->bOpenJob(WorkbenchWindow::sSampleJobPath(), &error), qPrintable(error));
     m_poWindow->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_poWindow.get()));
 }
