@@ -367,9 +367,20 @@ QString JobHost::sAssistant(bool visible, QVariant& reply)
         reply = true;
         return tr("No place for an assistant");
     }
-    assistant->setSource(visible ? QUrl(QStringLiteral("qrc:/workbench/qml/ModuleAssistant.qml"))
-                                 : QUrl());
+    m_bAssistantWanted = visible;
+    if (!visible) {
+        // A close comes from inside a handler of the assistant's own QML, which must not be
+        // destroyed before the handler returns; the assistant is unloaded afterwards, unless
+        // it was asked back meanwhile.
+        QTimer::singleShot(0, assistant, [this, assistant] {
+            if (!m_bAssistantWanted)
+                assistant->setSource(QUrl());
+        });
+        reply = false;
+        return tr("Assistant closed");
+    }
+    assistant->setSource(QUrl(QStringLiteral("qrc:/workbench/qml/ModuleAssistant.qml")));
     // The reply says whether loading failed.
-    reply = visible && assistant->status() == QQuickWidget::Error;
-    return visible ? tr("Assistant loaded") : tr("Assistant closed");
+    reply = assistant->status() == QQuickWidget::Error;
+    return tr("Assistant loaded");
 }

@@ -67,6 +67,7 @@ private:
     RequestLog& m_oLog;
     QPointer<WidgetTree> m_poDock;
     bool m_bFillPending = false;
+    bool m_bAssistantWanted = false;
 };
 
 #endif
