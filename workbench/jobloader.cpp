@@ -1,5 +1,6 @@
 #include "jobloader.h"
 
+#include "jobindex.h"
 #include "nodetypes.h"
 
 #include "sdk/binaryitem.h"
@@ -73,6 +74,7 @@ class JobBuilder
 {
 public:
     std::unique_ptr<DItem> poJob(const QJsonObject& job);
+    bool bCheckLinks(DItem* root);
     QString m_sError;
 
 private:
@@ -82,6 +84,8 @@ private:
                                       DItem::IoType ioType);
     bool bApplyValue(DItem& node, const QJsonObject& object);
     bool bApplyNumeric(DItem& node, const QJsonObject& object);
+    bool bCheckLocalRange(const DItem& node, const QVariant& local, const QVariant& min,
+                          const QVariant& max);
     bool bApplyPoint(DItem& node, const QJsonObject& object);
     bool bApplyImage(Script::GraphicItems::WImage::Image& image, const QJsonObject& object);
     bool bApplyBinary(Script::BinaryItem& item, const QJsonObject& object);
@@ -155,6 +159,11 @@ bool JobBuilder::bNumber(const QJsonObject& object, const QString& key, const QS
     if (type == kDouble) {
         *value = number;
         return true;
+    }
+    if (type == kInt64 && std::fabs(number) >= 9007199254740992.0) {
+        return bFail(QStringLiteral("\"%1\" is too large for a JSON number, which keeps only 53 bits:"
+                                    " write it as a decimal text, such as \"9223372036854775807\"")
+                         .arg(key));
     }
     const double limit = type == kInt ? 2147483648.0 : 9007199254740992.0;
     if (number != std::trunc(number) || number < -limit || number >= limit)
@@ -410,6 +419,12 @@ bool JobBuilder::bApplyNumeric(DItem& node, const QJsonObject& object)
         return bFail(QStringLiteral("\"step\" must be positive"));
     if (dynamicMin.isValid() != dynamicMax.isValid())
         return bFail(QStringLiteral("\"dynamicMin\" and \"dynamicMax\" go together"));
+    // The host keeps a local value within its limits, so a job holding one outside is broken.
+    // An output's value is what the last run measured and may lie anywhere: it is shown out of
+    // range, and only a local value written out for an output is checked.
+    const bool output = node.ioType() == DItem::IoOutput;
+    if ((local.isValid() || !output) && !bCheckLocalRange(node, local.isValid() ? local : value, min, max))
+        return false;
 
     node.setProperty("IData.IsNumeric", true);
     node.setProperty("IData.NumericDynamic", dynamicMin.isValid());
@@ -425,6 +440,22 @@ bool JobBuilder::bApplyNumeric(DItem& node, const QJsonObject& object)
     if (dynamicMin.isValid()) {
         node.setProperty("IDataNumeric.DynamicMin", dynamicMin);
         node.setProperty("IDataNumeric.DynamicMax", dynamicMax);
+    }
+    return true;
+}
+
+bool JobBuilder::bCheckLocalRange(const DItem& node, const QVariant& local, const QVariant& min,
+                                  const QVariant& max)
+{
+    // 64-bit numbers are compared as such: as doubles, neighbours beyond 2^53 would be equal.
+    const bool int64 = node.iDataType() == kInt64;
+    auto below = [int64](const QVariant& a, const QVariant& b) {
+        return int64 ? a.toLongLong() < b.toLongLong() : a.toDouble() < b.toDouble();
+    };
+    if ((min.isValid() && below(local, min)) || (max.isValid() && below(max, local))) {
+        return bFail(QStringLiteral("the local value %1 lies outside \"min\" %2 .. \"max\" %3")
+                         .arg(local.toString(), min.isValid() ? min.toString() : QStringLiteral("-"),
+                              max.isValid() ? max.toString() : QStringLiteral("-")));
     }
     return true;
 }
@@ -520,6 +551,48 @@ bool JobBuilder::bApplyBinary(Script::BinaryItem& item, const QJsonObject& objec
     return true;
 }
 
+// Links are checked once the whole job stands, since a link may point forwards in the file.
+bool JobBuilder::bCheckLinks(DItem* root)
+{
+    const QHash<QString, DItem*> nodes = jobIndex(root);
+    for (DItem* node : nodes) {
+        if (!node->isLinked())
+            continue;
+        m_sWhere = node->iDataPath();
+        const QString& target = node->linkedPath();
+        const DItem* source = nodes.value(target);
+        if (!source)
+            return bFail(QStringLiteral("the link goes to %1, which the job does not have").arg(target));
+        if (source == node)
+            return bFail(QStringLiteral("the node is linked to itself"));
+        if (!canTakeValueOf(node->iDataType(), source->iDataType())) {
+            return bFail(QStringLiteral("a node of type %1 cannot be linked to %2 of type %3")
+                             .arg(node->iDataType(), target, source->iDataType()));
+        }
+        // Following the chain from here must end; a chain longer than the job has nodes has
+        // come back to where it has been.
+        int steps = 0;
+        for (const DItem* step = source; step && step->isLinked();
+             step = nodes.value(step->linkedPath())) {
+            if (step == node || ++steps > nodes.size())
+                return bFail(QStringLiteral("the links go round in a circle through %1").arg(target));
+        }
+    }
+    return true;
+}
+
+// Where a parse error lies, as an editor shows it: line and column from 1, the column counted
+// in characters. The parser's offset lies just past the character that broke the document, so
+// callers pass the offset before it.
+QString textPosition(const QByteArray& json, int offset)
+{
+    offset = qBound(0, offset, json.size());
+    const int lineStart = json.lastIndexOf('\n', offset - 1) + 1;
+    const int line = json.left(lineStart).count('\n') + 1;
+    const int column = QString::fromUtf8(json.constData() + lineStart, offset - lineStart).size() + 1;
+    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+}
+
 } // namespace
 
 Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
@@ -529,14 +602,15 @@ Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
     QString problem;
     std::unique_ptr<DItem> root;
     if (parseError.error != QJsonParseError::NoError) {
-        problem = QStringLiteral("not valid JSON at offset %1: %2")
-                      .arg(parseError.offset)
-                      .arg(parseError.errorString());
+        problem = QStringLiteral("not valid JSON at %1: %2")
+                      .arg(textPosition(json, parseError.offset - 1), parseError.errorString());
     } else if (!document.isObject()) {
         problem = QStringLiteral("a job must be a JSON object");
     } else {
         JobBuilder builder;
         root = builder.poJob(document.object());
+        if (root && !builder.bCheckLinks(root.get()))
+            root.reset();
         problem = builder.m_sError;
     }
     if (error)

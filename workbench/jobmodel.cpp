@@ -1,5 +1,6 @@
 #include "jobmodel.h"
 
+#include "jobindex.h"
 #include "nodetypes.h"
 
 #include "sdk/binaryitem.h"
@@ -162,26 +163,7 @@ QList<DItem*> JobModel::withFollowers(const QList<DItem*>& sources) const
 
 void JobModel::vIndex()
 {
-    m_hNodes.clear();
-    QList<DItem*> pending;
-    if (DItem* root = poRoot())
-        pending.append(root);
-    while (!pending.isEmpty()) {
-        DItem* node = pending.takeLast();
-        m_hNodes.insert(node->iDataPath(), node);
-        pending.append(node->childNodes());
-        if (auto* image = qobject_cast<Image*>(node)) {
-            for (DItem* channel : image->channelList()) {
-                if (channel)
-                    m_hNodes.insert(channel->iDataPath(), channel);
-            }
-        }
-        for (const char* axis : {"IDataGeoPoint.X", "IDataGeoPoint.Y", "IDataGeoPoint.Z"}) {
-            const QVariant address = node->property(axis);
-            if (address.isValid())
-                pending.append(reinterpret_cast<DItem*>(address.toLongLong()));
-        }
-    }
+    m_hNodes = jobIndex(poRoot());
 }
 
 void JobModel::vFollowLinks()
@@ -343,9 +325,7 @@ bool JobModel::bSetLink(DItem& node, const QString& target, QString* error)
     DItem* source = poNode(target);
     if (!source)
         return refuse(error, QStringLiteral("no node at %1").arg(target));
-    const bool compatible = source->iDataType() == node.iDataType()
-        || (isNumeric(source->iDataType()) && isNumeric(node.iDataType()));
-    if (!compatible)
+    if (!canTakeValueOf(node.iDataType(), source->iDataType()))
         return refuse(error,
                       QStringLiteral("%1 cannot take a value of type %2")
                           .arg(node.iDataPath(), source->iDataType()));
@@ -471,8 +451,7 @@ bool JobModel::bRefreshNode(const QString& path)
         for (DItem* candidate : qAsConst(m_hNodes)) {
             if (candidate == node || candidate->ioType() == DItem::IoInput)
                 continue;
-            const bool compatible = candidate->iDataType() == node->iDataType()
-                || (isNumeric(candidate->iDataType()) && isNumeric(node->iDataType()));
+            const bool compatible = canTakeValueOf(node->iDataType(), candidate->iDataType());
             bool followsNode = false;
             for (DItem* step = candidate; step && !followsNode;
                  step = step->isLinked() ? poNode(step->linkedPath()) : nullptr)

@@ -23,6 +23,13 @@ inline bool isNumeric(const QString& type)
     return type == kInt || type == kInt64 || type == kDouble;
 }
 
+/// Whether a node of @p type can be linked to, and so take the value of, a node of
+/// @p sourceType: the same type, or any two numbers.
+inline bool canTakeValueOf(const QString& type, const QString& sourceType)
+{
+    return type == sourceType || (isNumeric(type) && isNumeric(sourceType));
+}
+
 } // namespace NodeTypes
 
 #endif

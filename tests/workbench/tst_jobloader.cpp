@@ -49,6 +49,8 @@ private slots:
     void examplesLoad();
     void refusesWrongDocuments_data();
     void refusesWrongDocuments();
+    void acceptsWhatAHostHolds_data();
+    void acceptsWhatAHostHolds();
     void missingFile();
 };
 
@@ -288,6 +290,72 @@ void TestJobLoader::refusesWrongDocuments_data()
         << node(R"({"name":"A","type":"IDataImage","channels":["R.G"]})") << "channel needs";
     QTest::newRow("properties not an object")
         << node(R"({"name":"A","properties":[1]})") << "must be an object";
+
+    QTest::newRow("JSON error on line 3")
+        << QByteArray("{\n  \"name\": \"J\",\n  \"modules\": [}\n") << "line 3, column 15";
+    QTest::newRow("JSON error after letters beyond ASCII")
+        << QByteArray("{\"name\": \"Größe\" \"x\"}") << "line 1, column 18";
+    QTest::newRow("64-bit number beyond 2^53 as a JSON number")
+        << node(R"({"name":"A","type":"IDataBasicInt64","max":9223372036854775807})")
+        << "write it as a decimal text";
+
+    const char* input = R"({"name":"A","type":"IDataBasicInt","io":"input","linkable":true,"link":"%2"})";
+    auto linked = [&](const char* target, const char* more = "") {
+        return node((QByteArray(input).replace("%2", target) + more).constData());
+    };
+    QTest::newRow("link to a node that does not exist")
+        << linked("J.M.Nothing") << "J.M.A: the link goes to J.M.Nothing, which the job does not have";
+    QTest::newRow("link to itself") << linked("J.M.A") << "J.M.A: the node is linked to itself";
+    QTest::newRow("link between incompatible types")
+        << linked("J.M.S", R"(,{"name":"S","type":"IDataBasicString","io":"output"})")
+        << "a node of type IDataBasicInt cannot be linked to J.M.S of type IDataBasicString";
+    QTest::newRow("links in a circle")
+        << linked("J.M.B",
+                  R"(,{"name":"B","type":"IDataBasicInt","io":"input","linkable":true,"link":"J.M.C"})"
+                  R"(,{"name":"C","type":"IDataBasicDouble","io":"input","linkable":true,"link":"J.M.A"})")
+        << "go round in a circle";
+    QTest::newRow("int local below min")
+        << node(R"({"name":"A","type":"IDataBasicInt","value":5,"min":10,"max":20})")
+        << "J.M.A: the local value 5 lies outside \"min\" 10 .. \"max\" 20";
+    QTest::newRow("double local above max")
+        << node(R"({"name":"A","type":"IDataBasicDouble","value":1,"local":2.5,"max":2})")
+        << "the local value 2.5 lies outside";
+    QTest::newRow("int64 local one above a max near 2^63")
+        << node(R"({"name":"A","type":"IDataBasicInt64","local":"9223372036854775807",)"
+                R"("max":"9223372036854775806"})")
+        << "the local value 9223372036854775807 lies outside";
+    QTest::newRow("output's explicit local out of range")
+        << node(R"({"name":"A","type":"IDataBasicInt","io":"output","value":5,"local":50,"max":20})")
+        << "the local value 50 lies outside";
+}
+
+void TestJobLoader::acceptsWhatAHostHolds_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+
+    QTest::newRow("output measured beyond its limits")
+        << QByteArray(R"({"name":"A","type":"IDataBasicInt","io":"output","value":500,"min":0,"max":20})");
+    QTest::newRow("local on its limits")
+        << QByteArray(R"({"name":"A","type":"IDataBasicInt64","local":"-9223372036854775808",)"
+                      R"("min":"-9223372036854775808","max":"9223372036854775807"})");
+    QTest::newRow("link forwards in the file and a chain of links")
+        << QByteArray(R"({"name":"A","type":"IDataBasicInt","io":"input","link":"J.M.B"},)"
+                      R"({"name":"B","type":"IDataBasicDouble","io":"input","link":"J.M.C"},)"
+                      R"({"name":"C","type":"IDataBasicInt","io":"output"})");
+    QTest::newRow("link to a point's axis")
+        << QByteArray(R"({"name":"A","type":"IDataBasicDouble","io":"input","link":"J.M.P.X"},)"
+                      R"({"name":"P","type":"IDataGeoPoint","io":"output","x":1,"y":2})");
+}
+
+void TestJobLoader::acceptsWhatAHostHolds()
+{
+    QFETCH(QByteArray, nodes);
+    const QByteArray json
+        = QByteArray(R"({"name":"J","modules":[{"name":"M","nodes":[%1]}]})").replace("%1", nodes);
+    QString problem;
+    std::unique_ptr<DItem> root(JobLoader::poLoad(json, &problem));
+    QVERIFY2(root, qPrintable(problem));
+    QVERIFY(problem.isEmpty());
 }
 
 void TestJobLoader::refusesWrongDocuments()
