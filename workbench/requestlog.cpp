@@ -1,5 +1,6 @@
 #include "requestlog.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QImage>
@@ -15,6 +16,58 @@ const int kMaxTextLength = 120;
 QString shortened(const QString& text)
 {
     return text.size() <= kMaxTextLength ? text : text.left(kMaxTextLength - 1) + QChar(0x2026);
+}
+
+struct Named
+{
+    int number;
+    const char* name;
+};
+
+// What each request asks of the host, so that the log reads without the request table.
+const Named kRequestNames[] = {
+    {9, QT_TRANSLATE_NOOP("RequestLog", "selection changed")},
+    {34, QT_TRANSLATE_NOOP("RequestLog", "value edited")},
+    {35, QT_TRANSLATE_NOOP("RequestLog", "may insert here?")},
+    {36, QT_TRANSLATE_NOOP("RequestLog", "link clicked")},
+    {39, QT_TRANSLATE_NOOP("RequestLog", "editing started")},
+    {40, QT_TRANSLATE_NOOP("RequestLog", "editing ended")},
+    {-1, QT_TRANSLATE_NOOP("RequestLog", "editing continues")},
+    {43, QT_TRANSLATE_NOOP("RequestLog", "refresh node")},
+    {45, QT_TRANSLATE_NOOP("RequestLog", "module inserted")},
+    {47, QT_TRANSLATE_NOOP("RequestLog", "assistant visibility")},
+    {50, QT_TRANSLATE_NOOP("RequestLog", "show tool box")},
+    {51, QT_TRANSLATE_NOOP("RequestLog", "assistant tool tip")},
+    {520, QT_TRANSLATE_NOOP("RequestLog", "insert module")},
+    {521, QT_TRANSLATE_NOOP("RequestLog", "delete")},
+    {522, QT_TRANSLATE_NOOP("RequestLog", "rename")},
+    {528, QT_TRANSLATE_NOOP("RequestLog", "show or hide")},
+    {531, QT_TRANSLATE_NOOP("RequestLog", "paste module")},
+    {532, QT_TRANSLATE_NOOP("RequestLog", "move module")},
+    {556, QT_TRANSLATE_NOOP("RequestLog", "colour marking")},
+    {563, QT_TRANSLATE_NOOP("RequestLog", "save to file")},
+    {564, QT_TRANSLATE_NOOP("RequestLog", "load from file")},
+    {565, QT_TRANSLATE_NOOP("RequestLog", "unload file")},
+};
+
+// The meaning of each parameter key.
+const Named kKeyNames[] = {
+    {953, QT_TRANSLATE_NOOP("RequestLog", "value")},
+    {956, QT_TRANSLATE_NOOP("RequestLog", "path")},
+    {625, QT_TRANSLATE_NOOP("RequestLog", "source")},
+    {626, QT_TRANSLATE_NOOP("RequestLog", "insertion path")},
+    {627, QT_TRANSLATE_NOOP("RequestLog", "position")},
+};
+
+template<size_t N>
+QString withName(const Named (&table)[N], int number)
+{
+    for (const Named& entry : table) {
+        if (entry.number == number)
+            return QStringLiteral("%1 %2").arg(number).arg(
+                QCoreApplication::translate("RequestLog", entry.name));
+    }
+    return QString::number(number);
 }
 
 } // namespace
@@ -60,11 +113,13 @@ void RequestLog::vAppend(const WRequest<QVariant>& request, const QVariant& repl
 {
     QStringList parameters;
     for (const WParam<QVariant>& param : request)
-        parameters << QStringLiteral("%1 = %2").arg(param.second).arg(sDescribe(param.first));
+        parameters << QStringLiteral("%1 = %2").arg(withName(kKeyNames, param.second),
+                                                    sDescribe(param.first));
     auto* row = new QTreeWidgetItem(m_poList);
     row->setText(0, QString::number(m_poList->topLevelItemCount()));
     row->setText(1, QString::number(request.category));
-    row->setText(2, QString::number(request.id));
+    row->setText(2, withName(kRequestNames, request.id));
+    row->setData(2, Qt::UserRole, request.id);
     row->setText(3, shortened(parameters.join(QStringLiteral("; "))));
     row->setToolTip(3, parameters.join('\n'));
     row->setText(4, sDescribe(reply));
@@ -75,6 +130,12 @@ void RequestLog::vAppend(const WRequest<QVariant>& request, const QVariant& repl
 int RequestLog::count() const
 {
     return m_poList->topLevelItemCount();
+}
+
+int RequestLog::requestId(int row) const
+{
+    const QTreeWidgetItem* item = m_poList->topLevelItem(row);
+    return item ? item->data(2, Qt::UserRole).toInt() : 0;
 }
 
 QStringList RequestLog::rowTexts(int row) const

@@ -23,6 +23,8 @@ public:
     void vAppend(const WRequest<QVariant>& request, const QVariant& reply, const QString& outcome);
     /// The number of requests listed.
     int count() const;
+    /// The id of the request in row @p row, or 0 when there is no such row.
+    int requestId(int row) const;
     /// The texts of row @p row, one per column.
     QStringList rowTexts(int row) const;
 

@@ -123,7 +123,7 @@ int TestPropertyTreeHost::requestsWithId(int id) const
     const RequestLog* log = m_poWindow->poRequestLog();
     int found = 0;
     for (int row = 0; row < log->count(); ++row)
-        found += log->rowTexts(row).value(2) == QString::number(id) ? 1 : 0;
+        found += log->requestId(row) == id ? 1 : 0;
     return found;
 }
 

@@ -63,10 +63,22 @@ void TestRequestLog::rows()
     log.vAppend(request, QVariant(), QStringLiteral("Deleted Job.A"));
     log.vAppend(WRequest<QVariant>(0, 9, WParam<QVariant>(), WaitOnReply, 25000), QVariant(),
                 QStringLiteral("Selected Job"));
-    QCOMPARE(log.count(), 2);
-    QCOMPARE(log.rowTexts(0),
-             QStringList({"1", "500", "521", "953 = [\"Job.A\"]", "none", "Deleted Job.A"}));
+    log.vAppend(WRequest<QVariant>(500, 532, WParam<QVariant>("Job.A", 625), WaitOnReply, 25000),
+                QVariant(), QStringLiteral("Moved"));
+    log.vAppend(WRequest<QVariant>(0, 777, WParam<QVariant>(1, 999), WaitOnReply, 25000),
+                QVariant(), QStringLiteral("Not handled"));
+    QCOMPARE(log.count(), 4);
+    QCOMPARE(log.rowTexts(0), QStringList({"1", "500", "521 delete", "953 value = [\"Job.A\"]",
+                                           "none", "Deleted Job.A"}));
+    QCOMPARE(log.rowTexts(1).at(2), QStringLiteral("9 selection changed"));
     QCOMPARE(log.rowTexts(1).at(3), QString());
+    QCOMPARE(log.rowTexts(2).mid(2, 2),
+             QStringList({"532 move module", "625 source = \"Job.A\""}));
+    // What the log does not know stays a bare number.
+    QCOMPARE(log.rowTexts(3).mid(2, 2), QStringList({"777", "999 = 1"}));
+    QCOMPARE(log.requestId(0), 521);
+    QCOMPARE(log.requestId(3), 777);
+    QCOMPARE(log.requestId(4), 0);
     log.clear();
     QCOMPARE(log.count(), 0);
     QVERIFY(log.rowTexts(0).isEmpty());
