@@ -5,6 +5,8 @@
 #include "qtbrowseritemmodel.h"
 #include "qtproperty.h"
 
+#include <algorithm>
+
 QtAbstractPropertyBrowser::QtAbstractPropertyBrowser(QWidget* parent)
     : QWidget(parent)
     , m_poRoot(new QtBrowserItem(this, nullptr, nullptr))
@@ -35,7 +37,10 @@ QList<QtProperty*> QtAbstractPropertyBrowser::properties() const
 
 QList<QtBrowserItem*> QtAbstractPropertyBrowser::items(QtProperty* property) const
 {
-    return m_hItems.values(property);
+    // The hash gives the items of one key newest first; callers get them as they were made.
+    QList<QtBrowserItem*> list = m_hItems.values(property);
+    std::reverse(list.begin(), list.end());
+    return list;
 }
 
 QtBrowserItem* QtAbstractPropertyBrowser::topLevelItem(QtProperty* property) const
@@ -235,7 +240,7 @@ void QtAbstractPropertyBrowser::onPropertyInserted(QtProperty* property, QtPrope
                                                    QtProperty* after)
 {
     // The list is copied: creating items below may add items of the parent property.
-    const QList<QtBrowserItem*> parentItems = m_hItems.values(parent);
+    const QList<QtBrowserItem*> parentItems = items(parent);
     for (QtBrowserItem* parentItem : parentItems) {
         QtBrowserItem* afterItem = after ? childItem(parentItem, after) : nullptr;
         createItem(property, parentItem, afterItem);
@@ -253,7 +258,7 @@ void QtAbstractPropertyBrowser::onPropertyChanged(QtProperty* property)
 
 void QtAbstractPropertyBrowser::onPropertyRemoved(QtProperty* property, QtProperty* parent)
 {
-    const QList<QtBrowserItem*> parentItems = m_hItems.values(parent);
+    const QList<QtBrowserItem*> parentItems = items(parent);
     for (QtBrowserItem* parentItem : parentItems) {
         if (QtBrowserItem* item = childItem(parentItem, property))
             removeItem(item);

@@ -28,7 +28,7 @@ public:
 
     /// The top-level properties, in their order.
     QList<QtProperty*> properties() const;
-    /// Every item that shows @p property, at any level.
+    /// Every item that shows @p property, at any level, in the order they were made.
     QList<QtBrowserItem*> items(QtProperty* property) const;
     /// The top-level item of @p property, or null if it is not at the top level.
     QtBrowserItem* topLevelItem(QtProperty* property) const;
