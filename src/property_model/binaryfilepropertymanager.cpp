@@ -33,6 +33,11 @@ QIcon BinaryFilePropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon BinaryFilePropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool BinaryFilePropertyManager::setLink(QString nodePath, QString linkPath)
 {
     return sendLink(this, nodePath, linkPath);

@@ -31,6 +31,11 @@ QIcon BinaryPropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon BinaryPropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool BinaryPropertyManager::setLink(QString nodePath, QString linkPath)
 {
     return sendLink(this, nodePath, linkPath);

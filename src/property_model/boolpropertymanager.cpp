@@ -46,6 +46,11 @@ QIcon BoolPropertyManager::valueIcon(QtProperty const* property) const
     return value(property) ? checkBoxChecked : checkBoxUnhecked;
 }
 
+QIcon BoolPropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool BoolPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
     return sendLink(this, nodePath, linkPath);

@@ -32,6 +32,8 @@ public:
     /// The check mark of the value; none for a linked node or an output that is in error or
     /// not available.
     QIcon valueIcon(QtProperty const* property) const override;
+    /// The chain of an input, from the base manager.
+    QIcon propertyIcon(QtProperty const* property) const override;
 
     /// Asks the host to link the node at @p nodePath to @p linkPath; an empty path unlinks.
     bool setLink(QString const& nodePath, QString const& linkPath);

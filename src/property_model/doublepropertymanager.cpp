@@ -67,6 +67,11 @@ QIcon DoublePropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon DoublePropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool DoublePropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
     return sendLink(this, nodePath, linkPath);

@@ -46,6 +46,11 @@ QIcon EnumPropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon EnumPropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool EnumPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
     return sendLink(this, nodePath, linkPath);

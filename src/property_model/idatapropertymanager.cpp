@@ -32,6 +32,11 @@ QIcon IDataPropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon IDataPropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool IDataPropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
     return sendLink(this, nodePath, linkPath);

@@ -58,6 +58,11 @@ QIcon Int64PropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon Int64PropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool Int64PropertyManager::setLink(QString const& nodePath, QString const& linkPath)
 {
     return sendLink(this, nodePath, linkPath);

@@ -40,6 +40,8 @@ public:
     QString valueText(QtProperty const* property) const override;
     /// No icon in the value column.
     QIcon valueIcon(QtProperty const* property) const override;
+    /// The chain of an input, from the base manager.
+    QIcon propertyIcon(QtProperty const* property) const override;
 
     /// Asks the host to link the node at @p nodePath to @p linkPath; an empty path unlinks.
     bool setLink(QString const& nodePath, QString const& linkPath);

@@ -37,6 +37,11 @@ QIcon OcrFilterPropertyManager::valueIcon(QtProperty const* property) const
     return BasePropertyManager::valueIcon(property);
 }
 
+QIcon OcrFilterPropertyManager::propertyIcon(QtProperty const* property) const
+{
+    return BasePropertyManager::propertyIcon(property);
+}
+
 bool OcrFilterPropertyManager::setLink(QString const&, QString const&)
 {
     return false;

@@ -31,6 +31,8 @@ public:
     QString valueText(QtProperty const* property) const override;
     /// No icon in the value column.
     QIcon valueIcon(QtProperty const* property) const override;
+    /// The chain of an input, from the base manager.
+    QIcon propertyIcon(QtProperty const* property) const override;
 
     /// Sends nothing and gives false: a filter row cannot be linked.
     bool setLink(QString const& nodePath, QString const& linkPath);

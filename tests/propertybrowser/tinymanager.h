@@ -31,6 +31,8 @@ public:
 
     /// Gives every value this icon, for tests of how icons are painted.
     void setValueIcon(const QIcon& icon) { m_oIcon = icon; }
+    /// Gives every property this icon before its name.
+    void setPropertyIcon(const QIcon& icon) { m_oPropertyIcon = icon; }
 
 signals:
     void valueChanged(QtProperty* property, int value);
@@ -41,12 +43,14 @@ protected:
         return QString::number(value(property));
     }
     QIcon valueIcon(const QtProperty*) const override { return m_oIcon; }
+    QIcon propertyIcon(const QtProperty*) const override { return m_oPropertyIcon; }
     void initializeProperty(QtProperty* property) override { m_hValues.insert(property, 0); }
     void uninitializeProperty(QtProperty* property) override { m_hValues.remove(property); }
 
 private:
     QHash<const QtProperty*, int> m_hValues;
     QIcon m_oIcon;
+    QIcon m_oPropertyIcon;
 };
 
 #endif

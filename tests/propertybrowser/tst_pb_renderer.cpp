@@ -83,6 +83,8 @@ private slots:
     void shrunkRectMovesText();
     void iconsAreSharp_data();
     void iconsAreSharp();
+    void propertyIconBeforeTheName_data();
+    void propertyIconBeforeTheName();
     void destroyedRendererIsForgotten();
     void groupNameSpansRow();
 
@@ -264,6 +266,55 @@ void TestRenderer::iconsAreSharp()
     // The icon is at the left of the value cell, vertically centred.
     const QPoint iconCentre(cell.left() + 3 + 8, cell.center().y());
     QCOMPARE(image.pixelColor(iconCentre * ratio), expected);
+}
+
+void TestRenderer::propertyIconBeforeTheName_data()
+{
+    QTest::addColumn<qreal>("ratio");
+    QTest::newRow("ratio 1") << 1.0;
+    QTest::newRow("ratio 2") << 2.0;
+}
+
+void TestRenderer::propertyIconBeforeTheName()
+{
+    QFETCH(qreal, ratio);
+    // Red at the icon's size and blue at twice it, so a blurred stretch of the small one shows.
+    QPixmap small(16, 16);
+    small.fill(Qt::red);
+    QPixmap large(32, 32);
+    large.fill(Qt::blue);
+    QIcon icon;
+    icon.addPixmap(small);
+    icon.addPixmap(large);
+    m_poManager->setPropertyIcon(icon);
+    m_poBrowser->setIconSize(QSize(16, 16));
+    m_poBrowser->setCustomRenderer(nullptr);
+    QTRY_VERIFY(cellRect(0, 0).height() >= 16);
+
+    QWidget* viewport = m_poView->viewport();
+    QImage image(viewport->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    viewport->render(&image);
+    const QColor expected = ratio > 1 ? QColor(Qt::blue) : QColor(Qt::red);
+    const QRect name = cellRect(0, 0);
+    // The whole icon stands at the left of the name cell, vertically centred, and nowhere in
+    // the value cell.
+    const QRect iconInside(name.left() + 3 + 2, name.center().y() - 5, 12, 10);
+    for (int y = iconInside.top(); y <= iconInside.bottom(); ++y) {
+        for (int x = iconInside.left(); x <= iconInside.right(); ++x)
+            QCOMPARE(image.pixelColor(QPoint(x, y) * ratio), expected);
+    }
+    const QRect value = cellRect(0, 1);
+    for (int x = value.left(); x <= value.right(); ++x)
+        QVERIFY(image.pixelColor(QPoint(x, value.center().y()) * ratio) != expected);
+
+    // Without an icon the name starts where the icon stood.
+    m_poManager->setPropertyIcon(QIcon());
+    m_poBrowser->update();
+    image.fill(Qt::white);
+    viewport->render(&image);
+    QVERIFY(image.pixelColor(QPoint(name.left() + 10, name.center().y()) * ratio) != expected);
 }
 
 void TestRenderer::destroyedRendererIsForgotten()

@@ -291,8 +291,11 @@ void TestTree::editItemCommitsThroughManager()
     QVERIFY(editor);
     QCOMPARE(editor->value(), 5);
     QCOMPARE(m_poBrowser->currentItem(), item);
-    // The editor sits in the value cell.
-    QVERIFY(m_poView->visualRect(m_poView->model()->index(0, 1)).contains(editor->geometry()));
+    // The editor covers the whole value cell, its icon too, so nothing shows twice beside it.
+    QCOMPARE(editor->geometry(), m_poView->visualRect(m_poView->model()->index(0, 1)));
+    m_poManager->setValueIcon(QIcon(QPixmap(16, 16)));
+    m_poBrowser->editItem(item);
+    QCOMPARE(editor->geometry(), m_poView->visualRect(m_poView->model()->index(0, 1)));
 
     editor->setValue(9);
     QCOMPARE(m_poManager->value(property), 9);

@@ -64,6 +64,11 @@ QIcon QtAbstractPropertyManager::valueIcon(const QtProperty*) const
     return QIcon();
 }
 
+QIcon QtAbstractPropertyManager::propertyIcon(const QtProperty*) const
+{
+    return QIcon();
+}
+
 QString QtAbstractPropertyManager::valueText(const QtProperty*) const
 {
     return QString();

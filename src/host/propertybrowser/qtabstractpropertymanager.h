@@ -41,6 +41,10 @@ protected:
     virtual bool hasValue(const QtProperty* property) const;
     /// The icon of the value of @p property; none by default.
     virtual QIcon valueIcon(const QtProperty* property) const;
+    /// The icon that goes before the name of @p property; none by default. Not in the
+    /// published API: a manager shows here what belongs to the row rather than to its value,
+    /// such as whether the value is linked.
+    virtual QIcon propertyIcon(const QtProperty* property) const;
     /// The value of @p property as text; empty by default.
     virtual QString valueText(const QtProperty* property) const;
     /// Sets up the value of a property that addProperty() just created.

@@ -85,7 +85,9 @@ QString QtBrowserItemModel::displayText(const QtBrowserItem* item, int column)
 QIcon QtBrowserItemModel::decoration(const QtBrowserItem* item, int column)
 {
     const QtProperty* property = item->m_poProperty;
-    return column == ValueColumn && property->hasValue() ? property->valueIcon() : QIcon();
+    if (column == NameColumn)
+        return property->propertyIcon();
+    return property->hasValue() ? property->valueIcon() : QIcon();
 }
 
 Qt::ItemFlags QtBrowserItemModel::flags(const QModelIndex& index) const

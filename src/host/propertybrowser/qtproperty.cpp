@@ -69,6 +69,11 @@ QIcon QtProperty::valueIcon() const
     return m_poManager->valueIcon(this);
 }
 
+QIcon QtProperty::propertyIcon() const
+{
+    return m_poManager->propertyIcon(this);
+}
+
 QString QtProperty::valueText() const
 {
     return m_poManager->valueText(this);

@@ -38,6 +38,8 @@ public:
     bool hasValue() const;
     /// The icon of the value; asks the manager.
     QIcon valueIcon() const;
+    /// The icon before the name; asks the manager. Not in the published API.
+    QIcon propertyIcon() const;
     /// The value as text; asks the manager.
     QString valueText() const;
 

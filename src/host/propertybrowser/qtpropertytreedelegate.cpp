@@ -95,6 +95,15 @@ QWidget* QtPropertyTreeDelegate::createEditor(QWidget* parent, const QStyleOptio
     return editor;
 }
 
+void QtPropertyTreeDelegate::updateEditorGeometry(QWidget* editor,
+                                                   const QStyleOptionViewItem& option,
+                                                   const QModelIndex&) const
+{
+    // The editor takes the whole cell: what the cell shows, its icon included, is what the
+    // editor shows in its own way, and must not stand beside it twice.
+    editor->setGeometry(option.rect);
+}
+
 void QtPropertyTreeDelegate::setEditorData(QWidget*, const QModelIndex&) const { }
 
 void QtPropertyTreeDelegate::setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const

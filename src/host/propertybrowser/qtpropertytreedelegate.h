@@ -26,6 +26,9 @@ public:
     /// The editor the browser creates for the cell's property, or null.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
+    /// Gives the editor the whole value cell.
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
     /// Does nothing: the factory fills its editor from the manager.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     /// Does nothing: the factory's editor writes to the manager as it changes.
