@@ -240,9 +240,12 @@ WidgetProperty* WTreePropertyBrowser::createPropertyItem(Script::DItem const& no
 
     if (manager == pointManager) {
         const std::array<Script::DItem const*, 3> axes = WidgetProperty::poPointAxes(node);
-        // A point without all three axis nodes shows its value alone, without axis rows.
-        if (axes[0] && axes[1] && axes[2]) {
+        // A point needs X and Y for its axis rows; a plane point has no Z node and gets no Z
+        // row, where a missing Z must not be read.
+        if (axes[0] && axes[1]) {
             for (const Script::DItem* axis : axes) {
+                if (!axis)
+                    continue;
                 if (WidgetProperty* sub = createPropertyItem(*axis, false)) {
                     row->addSubProperty(sub);
                     wPropertyMapping.insert(axis->iDataPath(), sub);

@@ -159,6 +159,7 @@ private slots:
     void typeDecidesOverChildren_data();
     void typeDecidesOverChildren();
     void rowIsMappedBoundAndNamed();
+    void inputsShowTheirChainBeforeTheName();
     void onlyTopLevelRowsJoinTheTree();
     void pointAxes_data();
     void pointAxes();
@@ -482,6 +483,34 @@ void TestWTreePropertyBrowser::rowIsMappedBoundAndNamed()
     QCOMPARE(WTreePropertyBrowser::wPropertyMapping.size(), 1);
 }
 
+void TestWTreePropertyBrowser::inputsShowTheirChainBeforeTheName()
+{
+    makeBrowser();
+    Script::DItem* open = makeNode("Job.T.Open", "IDataBasicInt", Script::DItem::IoInput);
+    Script::DItem* closed = makeNode("Job.T.Closed", "IDataBasicDouble", Script::DItem::IoInput);
+    closed->setLinked(true);
+    Script::DItem* output = makeNode("Job.T.Output", "IDataBasicInt", Script::DItem::IoOutput);
+    for (Script::DItem* node : {open, closed, output})
+        QVERIFY(m_poBrowser->createPropertyItem(*node, true));
+    const QAbstractItemModel* model = m_poBrowser->findChild<QTreeView*>()->model();
+    auto pictureOf = [](const QVariant& decoration) {
+        return decoration.value<QIcon>().pixmap(20, 20).toImage();
+    };
+    const QImage openChain = QIcon(QStringLiteral(":/images/chain_open.svg")).pixmap(20, 20).toImage();
+    const QImage closedChain
+        = QIcon(QStringLiteral(":/images/chain_closed.svg")).pixmap(20, 20).toImage();
+    QVERIFY(!openChain.isNull() && openChain != closedChain);
+    QCOMPARE(pictureOf(model->index(0, 0).data(Qt::DecorationRole)), openChain);
+    QCOMPARE(pictureOf(model->index(1, 0).data(Qt::DecorationRole)), closedChain);
+    // Only inputs take links, so only they show a chain.
+    QVERIFY(!model->index(2, 0).data(Qt::DecorationRole).isValid());
+
+    // The chain follows the node when the host refreshes the row.
+    open->setLinked(true);
+    m_poBrowser->updatePropertyItem(*open);
+    QCOMPARE(pictureOf(model->index(0, 0).data(Qt::DecorationRole)), closedChain);
+}
+
 void TestWTreePropertyBrowser::onlyTopLevelRowsJoinTheTree()
 {
     makeBrowser();
@@ -500,13 +529,13 @@ void TestWTreePropertyBrowser::pointAxes_data()
     QTest::addColumn<bool>("x");
     QTest::addColumn<bool>("y");
     QTest::addColumn<bool>("z");
-    QTest::addColumn<bool>("subRows");
-    QTest::newRow("x y z") << true << true << true << true;
-    QTest::newRow("x y, no z") << true << true << false << false;
-    QTest::newRow("y z, no x") << false << true << true << false;
-    QTest::newRow("x z, no y") << true << false << true << false;
-    QTest::newRow("x only") << true << false << false << false;
-    QTest::newRow("none") << false << false << false << false;
+    QTest::addColumn<QStringList>("subRows");
+    QTest::newRow("x y z") << true << true << true << QStringList({"X", "Y", "Z"});
+    QTest::newRow("x y, no z: a plane point") << true << true << false << QStringList({"X", "Y"});
+    QTest::newRow("y z, no x") << false << true << true << QStringList();
+    QTest::newRow("x z, no y") << true << false << true << QStringList();
+    QTest::newRow("x only") << true << false << false << QStringList();
+    QTest::newRow("none") << false << false << false << QStringList();
 }
 
 void TestWTreePropertyBrowser::pointAxes()
@@ -514,7 +543,7 @@ void TestWTreePropertyBrowser::pointAxes()
     QFETCH(bool, x);
     QFETCH(bool, y);
     QFETCH(bool, z);
-    QFETCH(bool, subRows);
+    QFETCH(QStringList, subRows);
 
     makeBrowser();
     Script::DItem* point = makeNode("Job.T.Point", "IDataGeoPoint");
@@ -534,24 +563,19 @@ void TestWTreePropertyBrowser::pointAxes()
     QVERIFY(row);
     QCOMPARE(row->node, point);
     QCOMPARE(m_poBrowser->getWProperty("Job.T.Point"), row);
-    if (!subRows) {
-        QVERIFY(row->subProperties().isEmpty());
-        QCOMPARE(WTreePropertyBrowser::wPropertyMapping.size(), 1);
-        return;
-    }
-    QCOMPARE(namesOf(row->subProperties()), QStringList({"X", "Y", "Z"}));
-    for (int i = 0; i < 3; ++i) {
+    QCOMPARE(namesOf(row->subProperties()), subRows);
+    QCOMPARE(WTreePropertyBrowser::wPropertyMapping.size(), 1 + subRows.size());
+    for (int i = 0; i < subRows.size(); ++i) {
         auto* sub = dynamic_cast<WidgetProperty*>(row->subProperties().at(i));
         QVERIFY(sub);
         QCOMPARE(sub->node, axes.at(i));
         QCOMPARE(m_poBrowser->getWProperty(axes.at(i)->iDataPath()), sub);
     }
-    QCOMPARE(WTreePropertyBrowser::wPropertyMapping.size(), 4);
     // The tree shows them below the point, in the same order.
     QtBrowserItem* item = m_poBrowser->topLevelItem(row);
     QVERIFY(item);
-    QCOMPARE(item->children().size(), 3);
-    for (int i = 0; i < 3; ++i)
+    QCOMPARE(item->children().size(), subRows.size());
+    for (int i = 0; i < subRows.size(); ++i)
         QCOMPARE(item->children().at(i)->property(), row->subProperties().at(i));
 }
 
