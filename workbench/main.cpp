@@ -39,6 +39,19 @@ void prepareSettings()
         editor->setValueOf(QStringLiteral("SplitterPos"), 170);
 }
 
+QtMessageHandler defaultHandler = nullptr;
+
+// Without a display the platform says, each time a window is shown, that it cannot pass on size
+// hints; that is no news to someone who chose it, and it would bury what matters.
+void quietOffscreenHandler(QtMsgType type, const QMessageLogContext& context,
+                           const QString& message)
+{
+    if (type == QtWarningMsg
+        && message.startsWith(QLatin1String("This plugin does not support propagateSizeHints()")))
+        return;
+    defaultHandler(type, context, message);
+}
+
 int fail(const QString& message)
 {
     std::fprintf(stderr, "workbench: %s\n", qPrintable(message));
@@ -51,8 +64,10 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     // Without a display there is no OpenGL for the Qt Quick parts of the dock.
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+        defaultHandler = qInstallMessageHandler(quietOffscreenHandler);
+    }
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setOrganizationName(QStringLiteral("PropertyWidgets"));
 
@@ -134,8 +149,11 @@ int main(int argc, char* argv[])
         const bool dialog = parser.isSet(dialogOption);
         // Once the window is up, as a click of the user would come.
         QTimer::singleShot(0, &window, [&window, valuePath, dialog] {
-            if (!window.bOpenEditor(valuePath, dialog))
-                std::fprintf(stderr, "workbench: no editor for %s\n", qPrintable(valuePath));
+            QString problem;
+            if (!window.bOpenEditor(valuePath, dialog, &problem)) {
+                fail(problem);
+                QApplication::exit(1);
+            }
         });
     }
     if (parser.isSet(screenshotOption)) {

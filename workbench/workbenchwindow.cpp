@@ -32,6 +32,7 @@
 #include <QToolBar>
 #include <QTranslator>
 
+#include <memory>
 #include <vector>
 
 namespace {
@@ -182,20 +183,35 @@ bool WorkbenchWindow::bSelectNode(const QString& path)
     return true;
 }
 
-bool WorkbenchWindow::bOpenEditor(const QString& path, bool dialog)
+bool WorkbenchWindow::bOpenEditor(const QString& path, bool dialog, QString* error)
 {
     PropertyBrowser::WTreePropertyBrowser* browser = m_poHost->poBrowser();
     PropertyBrowser::WidgetProperty* row = browser ? browser->getWProperty(path) : nullptr;
     QtBrowserItem* item = row ? browser->getBrowserItem(*row) : nullptr;
-    if (!item)
+    if (!item) {
+        *error = tr("the property tree shows no value \"%1\"").arg(path);
         return false;
+    }
     if (dialog) {
+        // The dialog runs in a loop of its own; a check queued now runs inside that loop if a
+        // dialog came up, and only after the return if none did.
+        auto shown = std::make_shared<bool>(false);
+        QTimer::singleShot(0, this, [shown] {
+            QWidget* modal = QApplication::activeModalWidget();
+            *shown = modal && modal->inherits("PropertyBrowser::Editors::WidgetSetNode");
+        });
         // The dock's own way to the dialog; it returns when the dialog closes.
         m_poNavigator->showDefaultLinkWidget(path, QString());
-        return true;
+        if (!*shown)
+            *error = tr("the value \"%1\" has no value dialog").arg(path);
+        return *shown;
     }
     browser->editItem(item);
-    return browser->findChild<PropertyBrowser::Editors::BaseEditor*>() != nullptr;
+    if (!browser->findChild<PropertyBrowser::Editors::BaseEditor*>()) {
+        *error = tr("the value \"%1\" has no editor").arg(path);
+        return false;
+    }
+    return true;
 }
 
 QImage WorkbenchWindow::picture()

@@ -50,9 +50,10 @@ public:
     /// Selects the node at @p path in the job tree, which shows its values below; false when
     /// the job has no such node.
     bool bSelectNode(const QString& path);
-    /// Opens the in-row editor of the value at @p path, as a click on its row does, and with
-    /// @p dialog also its value dialog; false when no row or no editor is there.
-    bool bOpenEditor(const QString& path, bool dialog);
+    /// Opens the in-row editor of the value at @p path, as a click on its row does, or with
+    /// @p dialog its value dialog, which has closed again on return; false with the reason in
+    /// @p error when no row, no editor or no dialog is there.
+    bool bOpenEditor(const QString& path, bool dialog, QString* error);
     /// The window as it looks, with a dialog that is open over it.
     QImage picture();
     /// Switches the texts of the window and of the plug-in to @p language ("en" or "de").

@@ -68,6 +68,8 @@ private slots:
     void moduleAssistantOpensAndCloses();
     void refusesALibraryWithoutNavigator();
     void screenshotOption();
+    void editOptionsRefuseWhatIsNotThere_data();
+    void editOptionsRefuseWhatIsNotThere();
     void pluginPathChoice_data();
     void pluginPathChoice();
 
@@ -278,6 +280,47 @@ void TestWorkbench::screenshotOption()
     QVERIFY(!picture.isNull());
     QVERIFY(picture.width() >= 800 && picture.height() >= 600);
     QVERIFY(distinctColours(picture) > 20);
+}
+
+void TestWorkbench::editOptionsRefuseWhatIsNotThere_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("message");
+
+    const QString unknown = QStringLiteral("BottleInspection.Camera.Nothing");
+    const QString output = QStringLiteral("BottleInspection.Camera.FrameCounter");
+    QTest::newRow("--edit, unknown value")
+        << "--edit" << unknown << "the property tree shows no value \"" + unknown + '"';
+    QTest::newRow("--dialog, unknown value")
+        << "--dialog" << unknown << "the property tree shows no value \"" + unknown + '"';
+    QTest::newRow("--edit, unknown module") << "--edit" << "BottleInspection.Nowhere.X"
+                                            << "the job has no node \"BottleInspection.Nowhere\"";
+    QTest::newRow("--edit, an output without editor")
+        << "--edit" << output << "the value \"" + output + "\" has no editor";
+    QTest::newRow("--dialog, an output without dialog")
+        << "--dialog" << output << "the value \"" + output + "\" has no value dialog";
+}
+
+void TestWorkbench::editOptionsRefuseWhatIsNotThere()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, path);
+    QFETCH(QString, message);
+    m_poWindow.reset();
+    QProcess workbench;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                     m_oFolder.filePath(QStringLiteral("config")));
+    workbench.setProcessEnvironment(variables);
+    workbench.start(QStringLiteral(WORKBENCH_PATH),
+                    {option, path, QStringLiteral("--screenshot"),
+                     m_oFolder.filePath(QStringLiteral("refused.png"))});
+    QVERIFY(workbench.waitForFinished(60000));
+    QCOMPARE(workbench.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(workbench.exitCode(), 1);
+    const QString errors = QString::fromUtf8(workbench.readAllStandardError());
+    QCOMPARE(errors, "workbench: " + message + '\n');
 }
 
 void TestWorkbench::pluginPathChoice_data()
