@@ -48,6 +48,10 @@ Int64Editor::Int64Editor(QWidget* parent, WidgetProperty* property)
     // Without tracking a drag only previews; the value goes to the node once, on release.
     m_slider->setTracking(false);
     m_slider->setFocusPolicy(Qt::NoFocus);
+    // The wrapper's policy does not reach the slider inside it. A click on a slider that takes
+    // focus would end the typing first and send the typed number before the slider's own.
+    for (QWidget* inner : m_slider->findChildren<QWidget*>())
+        inner->setFocusPolicy(Qt::NoFocus);
     m_slider->setStyleSheet(commonStylesheet());
 
     m_valueLayout->setContentsMargins(0, 0, 0, 0);

@@ -100,6 +100,7 @@ private slots:
     void valuesPassUnsnapped_data();
     void valuesPassUnsnapped();
     void typingAndEnterSendsOnce();
+    void typingThenClickingTheSliderSendsOnce();
     void typedTextEqualToHeldValueSendsNothing();
     void textEditedMovesSliderSilently_data();
     void textEditedMovesSliderSilently();
@@ -313,6 +314,32 @@ void TestInt64Editor::typingAndEnterSendsOnce()
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(edits.count(), 1);
     QCOMPARE(changed.count(), 0);
+}
+
+void TestInt64Editor::typingThenClickingTheSliderSendsOnce()
+{
+    Script::DItem* node = makeNode("Job.T.Gain", Script::DItem::IoInput, 20, 0, 100, 1);
+    Int64Editor* editor = makeEditor(node);
+    editor->resize(300, 60);
+    editor->show();
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    QLineEdit* edit = lineEditOf(editor);
+    edit->setFocus();
+    QTRY_VERIFY(edit->hasFocus());
+    QSignalSpy edits(m_poManager.get(), &Int64PropertyManager::vPropertyEdited);
+
+    retype(edit, QStringLiteral("42"));
+    // A click near the slider's right end: the slider jumps there and sends its value alone;
+    // the text that it replaced is not sent on the way.
+    QSlider* slider = sliderOf(editor)->findChild<QSlider*>();
+    QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(slider->width() - 3, slider->height() / 2));
+    QCOMPARE(edits.count(), 1);
+    QCOMPARE(edits.at(0).at(1).toInt(), int(Command::SetValue));
+    QVERIFY(edits.at(0).at(2).toLongLong() > 90);
+    QVERIFY(edit->hasFocus());
+    // Leaving the row afterwards sends nothing more: the text shows the slider's value.
+    edit->clearFocus();
+    QCOMPARE(edits.count(), 1);
 }
 
 void TestInt64Editor::typedTextEqualToHeldValueSendsNothing()
