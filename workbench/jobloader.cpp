@@ -595,10 +595,14 @@ QString textPosition(const QByteArray& json, int offset)
 
 } // namespace
 
-Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
+namespace {
+
+// Parses @p json, which it empties as soon as it is no longer needed: a large job then does not
+// hold its text, its parsed document and its nodes all at once.
+Script::DItem* poLoadText(QByteArray& json, QString* error, const JobLoader::Progress& progress)
 {
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
+    QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     QString problem;
     std::unique_ptr<DItem> root;
     if (parseError.error != QJsonParseError::NoError) {
@@ -607,18 +611,34 @@ Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
     } else if (!document.isObject()) {
         problem = QStringLiteral("a job must be a JSON object");
     } else {
+        json = QByteArray();
+        if (progress)
+            progress(75);
         JobBuilder builder;
-        root = builder.poJob(document.object());
+        const QJsonObject job = document.object();
+        document = QJsonDocument();
+        root = builder.poJob(job);
         if (root && !builder.bCheckLinks(root.get()))
             root.reset();
         problem = builder.m_sError;
     }
+    if (progress)
+        progress(100);
     if (error)
         *error = root ? QString() : problem;
     return root.release();
 }
 
-Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error)
+} // namespace
+
+Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
+{
+    QByteArray text = json;
+    return poLoadText(text, error, Progress());
+}
+
+Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error,
+                                     const Progress& progress)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -626,9 +646,29 @@ Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error)
             *error = QStringLiteral("%1: %2").arg(path, file.errorString());
         return nullptr;
     }
+    // Read in parts, so that a large file shows how far it has come; reading is the first half.
+    const qint64 kPart = 4 << 20;
+    const qint64 size = file.size();
+    QByteArray json;
+    if (size > 0 && size < std::numeric_limits<int>::max())
+        json.reserve(int(size));
+    while (!file.atEnd()) {
+        const QByteArray part = file.read(kPart);
+        if (part.isEmpty())
+            break;
+        json.append(part);
+        if (progress && size > 0)
+            progress(int(qMin<qint64>(50, json.size() * 50 / size)));
+    }
+    if (file.error() != QFileDevice::NoError) {
+        if (error)
+            *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return nullptr;
+    }
+    file.close();
     QString problem;
-    Script::DItem* root = poLoad(file.readAll(), &problem);
-    if (error && !root)
-        *error = QStringLiteral("%1: %2").arg(path, problem);
+    Script::DItem* root = poLoadText(json, &problem, progress);
+    if (error)
+        *error = root ? QString() : QStringLiteral("%1: %2").arg(path, problem);
     return root;
 }

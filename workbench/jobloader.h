@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 namespace Script {
 class DItem;
 }
@@ -19,8 +21,12 @@ public:
     /// with the reason in @p error.
     static Script::DItem* poLoad(const QByteArray& json, QString* error);
 
-    /// Reads the file at @p path and loads it as poLoad() does.
-    static Script::DItem* poLoadFile(const QString& path, QString* error);
+    /// Told how far a load has come, in percent, rising to 100 at the end.
+    using Progress = std::function<void(int percent)>;
+
+    /// Reads the file at @p path and loads it as poLoad() does, telling @p progress as it goes.
+    static Script::DItem* poLoadFile(const QString& path, QString* error,
+                                     const Progress& progress = Progress());
 
     JobLoader() = delete;
 };

@@ -23,9 +23,11 @@
 #include <QDialog>
 #include <QDockWidget>
 #include <QEvent>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QMenuBar>
 #include <QPainter>
+#include <QProgressDialog>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -54,6 +56,8 @@ const ProjectFlag kProjectFlags[] = {
 };
 
 } // namespace
+
+const int WorkbenchWindow::kProgressDelayMs;
 
 QString WorkbenchWindow::sSampleJobPath()
 {
@@ -167,11 +171,21 @@ void WorkbenchWindow::setJob(Script::DItem* root)
 
 bool WorkbenchWindow::bOpenJob(const QString& path, QString* error)
 {
-    Script::DItem* root = JobLoader::poLoadFile(path, error);
-    if (!root)
-        return false;
-    setJob(root);
-    return true;
+    // Shown only when the load takes longer than half a second; a small job opens unseen.
+    QProgressDialog progress(tr("Opening %1...").arg(QFileInfo(path).fileName()), QString(), 0,
+                             100, isVisible() ? this : nullptr);
+    progress.setObjectName(QStringLiteral("openJobProgress"));
+    progress.setWindowTitle(tr("Open Job"));
+    progress.setWindowModality(Qt::ApplicationModal);
+    progress.setMinimumDuration(kProgressDelayMs);
+    progress.setAutoReset(false);
+    progress.setValue(0);
+    Script::DItem* root = JobLoader::poLoadFile(
+        path, error, [&progress](int percent) { progress.setValue(qMin(percent, 99)); });
+    if (root)
+        setJob(root);
+    progress.setValue(100);
+    return root != nullptr;
 }
 
 bool WorkbenchWindow::bSelectNode(const QString& path)

@@ -33,6 +33,9 @@ class WorkbenchWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    /// How long a job may take to open before its progress is shown, in milliseconds.
+    static constexpr int kProgressDelayMs = 500;
+
     /// The resource path of the sample job that the workbench embeds.
     static QString sSampleJobPath();
 
@@ -45,7 +48,8 @@ public:
     bool bLoadPlugin(const QString& path, QString* error);
     /// Replaces the job by the tree under @p root, which the window takes over.
     void setJob(Script::DItem* root);
-    /// Opens the job file at @p path; on failure keeps the job and says why in @p error.
+    /// Opens the job file at @p path, showing its progress when that takes a while; on failure
+    /// keeps the job and says why in @p error.
     bool bOpenJob(const QString& path, QString* error);
     /// Selects the node at @p path in the job tree, which shows its values below; false when
     /// the job has no such node.

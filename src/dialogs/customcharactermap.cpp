@@ -2,6 +2,8 @@
 
 QList<CustomCharacterMap::CharMapItem> CustomCharacterMap::iMapping;
 bool CustomCharacterMap::isInitialized = false;
+ushort CustomCharacterMap::iSymbolOf[128] = {};
+ushort CustomCharacterMap::iCharacterOf[0x22] = {};
 
 void CustomCharacterMap::initialize()
 {
@@ -28,6 +30,11 @@ void CustomCharacterMap::initialize()
     for (const Row& row : rows) {
         iMapping.append({QVariant(QString::fromLatin1(row.name)), QVariant(QChar(row.character)),
                          QVariant(QChar(row.replacement))});
+        // The first row of a character or symbol is the one that counts.
+        if (!iSymbolOf[row.character])
+            iSymbolOf[row.character] = row.replacement;
+        if (!iCharacterOf[row.replacement - 0x2400])
+            iCharacterOf[row.replacement - 0x2400] = row.character;
     }
     isInitialized = true;
 }
@@ -60,10 +67,19 @@ QChar CustomCharacterMap::fromReplacementChar(QChar c)
 
 QString CustomCharacterMap::toDisplayString(const QString& text)
 {
+    // One pass over the text: every character of the table lies below 128 and every symbol far
+    // above, so a character's first row gives what the rows applied one after the other give.
     initialize();
     QString result = text;
-    for (const CharMapItem& item : qAsConst(iMapping))
-        result.replace(item.character.toChar(), item.replacement.toChar(), Qt::CaseSensitive);
+    QChar* out = nullptr;
+    for (int i = 0; i < text.size(); ++i) {
+        const ushort c = text.at(i).unicode();
+        if (c >= 128 || !iSymbolOf[c])
+            continue;
+        if (!out)
+            out = result.data();
+        out[i] = QChar(iSymbolOf[c]);
+    }
     return result;
 }
 
@@ -71,7 +87,14 @@ QString CustomCharacterMap::fromDisplayString(const QString& text)
 {
     initialize();
     QString result = text;
-    for (const CharMapItem& item : qAsConst(iMapping))
-        result.replace(item.replacement.toChar(), item.character.toChar(), Qt::CaseSensitive);
+    QChar* out = nullptr;
+    for (int i = 0; i < text.size(); ++i) {
+        const ushort c = text.at(i).unicode();
+        if (c < 0x2400 || c >= 0x2400 + 0x22 || !iCharacterOf[c - 0x2400])
+            continue;
+        if (!out)
+            out = result.data();
+        out[i] = QChar(iCharacterOf[c - 0x2400]);
+    }
     return result;
 }

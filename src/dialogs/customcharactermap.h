@@ -41,6 +41,10 @@ public:
 private:
     static QList<CharMapItem> iMapping;
     static bool isInitialized;
+    // The table read the other way, for whole texts: symbol of each ASCII code (0: none), and
+    // character of each symbol from U+2400 (0: none).
+    static ushort iSymbolOf[128];
+    static ushort iCharacterOf[0x22];
 };
 
 #endif

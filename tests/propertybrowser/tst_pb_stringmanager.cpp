@@ -1,10 +1,12 @@
 #include "propertymetatype.h"
 #include "qtstringpropertymanager.h"
+#include "qttreepropertybrowser.h"
 
 #include "testsupport.h"
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTreeView>
 
 class TestStringManager : public QObject
 {
@@ -122,6 +124,39 @@ private slots:
         QCOMPARE(spy.count(), 1);
         QVERIFY(manager.isReadOnly(property));
         QCOMPARE(spy.at(0).at(1).toBool(), true);
+    }
+
+    void longTextsAreCutForTheCell_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("shown");
+        const QString a4096(4096, QLatin1Char('a'));
+        QTest::newRow("4,096 characters stay whole") << a4096 << a4096;
+        QTest::newRow("one more is cut with an ellipsis")
+            << a4096 + QLatin1Char('b') << a4096 + QChar(0x2026);
+        // A character beyond the basic plane is two; it is not cut in half.
+        const QString clef = QString::fromUcs4(U"\U0001D11E");
+        QTest::newRow("a pair across the cut goes whole")
+            << QString(4095, QLatin1Char('a')) + clef + QLatin1Char('b')
+            << QString(4095, QLatin1Char('a')) + QChar(0x2026);
+        QTest::newRow("50 million characters")
+            << QString(50000000, QLatin1Char('x')) << QString(4096, QLatin1Char('x')) + QChar(0x2026);
+    }
+
+    void longTextsAreCutForTheCell()
+    {
+        QFETCH(QString, value);
+        QFETCH(QString, shown);
+        QtStringPropertyManager manager;
+        QtProperty* property = manager.addProperty(QStringLiteral("text"));
+        manager.setValue(property, value);
+        QtTreePropertyBrowser browser;
+        browser.addProperty(property);
+        const QAbstractItemModel* model = browser.findChild<QTreeView*>()->model();
+        QCOMPARE(model->index(0, 1).data(Qt::DisplayRole).toString(), shown);
+        QCOMPARE(model->index(0, 1).data(Qt::ToolTipRole).toString(), shown);
+        // The manager keeps the whole value; only what is shown is cut.
+        QCOMPARE(manager.value(property).size(), value.size());
     }
 
     void propertyOfAnotherManagerIsIgnored()

@@ -5,8 +5,11 @@
 #include "sdk/ditem.h"
 #include "sdk/image.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 
@@ -52,6 +55,7 @@ private slots:
     void acceptsWhatAHostHolds_data();
     void acceptsWhatAHostHolds();
     void missingFile();
+    void largeFileReportsProgress();
 };
 
 void TestJobLoader::initTestCase()
@@ -375,6 +379,43 @@ void TestJobLoader::missingFile()
         JobLoader::poLoadFile(QStringLiteral("/nonexistent/job.json"), &problem));
     QVERIFY(!root);
     QVERIFY2(problem.startsWith(QStringLiteral("/nonexistent/job.json: ")), qPrintable(problem));
+}
+
+void TestJobLoader::largeFileReportsProgress()
+{
+    // 10 MB in one text value: read in parts, each part told, then parsing and building.
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("large.json"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QString text(10 << 20, QLatin1Char('t'));
+    file.write(R"({"name":"J","modules":[{"name":"M","nodes":[{"name":"S",)"
+               R"("type":"IDataBasicString","value":")");
+    file.write(text.toLatin1());
+    file.write(R"("}]}]})");
+    file.close();
+
+    QList<int> told;
+    QString error;
+    std::unique_ptr<DItem> root(
+        JobLoader::poLoadFile(path, &error, [&told](int percent) { told.append(percent); }));
+    QVERIFY2(root, qPrintable(error));
+    QVERIFY2(told.size() >= 4, qPrintable(QString::number(told.size())));
+    QVERIFY(std::is_sorted(told.begin(), told.end()));
+    QCOMPARE(told.last(), 100);
+    QVERIFY(told.first() < 50);
+    QCOMPARE(root->poFindNode(QStringLiteral("J.M.S"))->property("IDataBasicString.LocalValue"),
+             QVariant(text));
+
+    // A document that is refused ends its progress too.
+    told.clear();
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"name\": 3}");
+    file.close();
+    root.reset(JobLoader::poLoadFile(path, &error, [&told](int percent) { told.append(percent); }));
+    QVERIFY(!root);
+    QVERIFY2(error.startsWith(path + QStringLiteral(": ")), qPrintable(error));
+    QCOMPARE(told.last(), 100);
 }
 
 QTEST_GUILESS_MAIN(TestJobLoader)

@@ -9,7 +9,10 @@
 #include "sdk/wappsetting.h"
 #include "sdk/wappsettings.h"
 
+#include "qttreepropertybrowser.h"
+
 #include <QDockWidget>
+#include <QFile>
 #include <QLineEdit>
 #include <QProcess>
 #include <QQuickItem>
@@ -20,6 +23,7 @@
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
 #include <QTreeWidgetItemIterator>
 
 #include <memory>
@@ -65,6 +69,7 @@ private slots:
     void renamingAModule();
     void switchingTheLanguage();
     void theWindowIsNotBlank();
+    void aHugeTextValueIsDrawnCut();
     void moduleAssistantOpensAndCloses();
     void refusesALibraryWithoutNavigator();
     void screenshotOption();
@@ -202,6 +207,35 @@ void TestWorkbench::theWindowIsNotBlank()
     const QImage picture = m_poWindow->grab().toImage();
     QCOMPARE(picture.size(), m_poWindow->size() * m_poWindow->devicePixelRatioF());
     QVERIFY2(distinctColours(picture) > 20, qPrintable(QString::number(distinctColours(picture))));
+}
+
+void TestWorkbench::aHugeTextValueIsDrawnCut()
+{
+    const QString path = m_oFolder.filePath(QStringLiteral("huge.json"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"name":"Big","modules":[{"name":"M","nodes":[{"name":"Text",)"
+               R"("type":"IDataBasicString","value":")");
+    file.write(QByteArray(20 << 20, 'W'));
+    file.write(R"("}]}]})");
+    file.close();
+    QString error;
+    QVERIFY2(m_poWindow->bOpenJob(path, &error), qPrintable(error));
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Big.M")));
+
+    auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
+    auto* view = browser->findChild<QTreeView*>();
+    const QModelIndex value = view->model()->index(0, 1);
+    QCOMPARE(value.data().toString(), QString(4096, QLatin1Char('W')) + QChar(0x2026));
+    // The cell shows text: dark pixels of letters on the light row.
+    QTRY_VERIFY(view->visualRect(value).isValid());
+    const QImage picture = view->viewport()->grab(view->visualRect(value)).toImage();
+    int dark = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            dark += qGray(picture.pixel(x, y)) < 100 ? 1 : 0;
+    }
+    QVERIFY2(dark > 50, qPrintable(QString::number(dark)));
 }
 
 void TestWorkbench::moduleAssistantOpensAndCloses()

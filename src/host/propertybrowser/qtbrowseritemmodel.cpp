@@ -58,7 +58,7 @@ QVariant QtBrowserItemModel::data(const QModelIndex& index, int role) const
         switch (role) {
         case Qt::ToolTipRole: {
             const QString toolTip = property->toolTip();
-            return toolTip.isEmpty() ? property->propertyName() : toolTip;
+            return shownText(toolTip.isEmpty() ? property->propertyName() : toolTip);
         }
         case Qt::StatusTipRole:
             return property->statusTip();
@@ -69,7 +69,7 @@ QVariant QtBrowserItemModel::data(const QModelIndex& index, int role) const
         }
     }
     if (role == Qt::ToolTipRole && property->hasValue())
-        return property->valueText();
+        return shownText(property->valueText());
     return {};
 }
 
@@ -77,9 +77,23 @@ QString QtBrowserItemModel::displayText(const QtBrowserItem* item, int column)
 {
     const QtProperty* property = item->m_poProperty;
     if (column == NameColumn)
-        return property->propertyName();
+        return shownText(property->propertyName());
     // A property without a value (a group) leaves its value cell empty.
-    return property->hasValue() ? property->valueText() : QString();
+    return property->hasValue() ? shownText(property->valueText()) : QString();
+}
+
+QString QtBrowserItemModel::shownText(QString text)
+{
+    // No screen shows more of one line than this; measuring and shaping a longer text would
+    // cost time and memory in proportion to what can never be seen.
+    const int kMaxShown = 4096;
+    if (text.size() <= kMaxShown)
+        return text;
+    int length = kMaxShown;
+    if (text.at(length - 1).isHighSurrogate())
+        --length;
+    text.truncate(length);
+    return text + QChar(0x2026);
 }
 
 QIcon QtBrowserItemModel::decoration(const QtBrowserItem* item, int column)

@@ -38,6 +38,9 @@ public:
     static QString displayText(const QtBrowserItem* item, int column);
     /// The icon of the cell in @p column of @p item, as data() gives it for Qt::DecorationRole.
     static QIcon decoration(const QtBrowserItem* item, int column);
+    /// @p text as a cell or tool tip shows it: cut after the first 4,096 characters, with an
+    /// ellipsis, when it is longer.
+    static QString shownText(QString text);
 
     /// The item of @p index, or null for the root.
     QtBrowserItem* itemAt(const QModelIndex& index) const;

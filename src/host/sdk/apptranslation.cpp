@@ -11,7 +11,10 @@ QString getTranslatedName(const QString& name)
 
 QString getTranslation(const QString& key, const QStringList& contexts)
 {
-    if (key.isEmpty())
+    // Catalogues hold names and short texts; a longer key, such as a whole text value, is in
+    // none of them, and a look-up would convert and hash all of it.
+    const int kMaxKeyLength = 1024;
+    if (key.isEmpty() || key.size() > kMaxKeyLength)
         return key;
     const QByteArray source = key.toUtf8();
     for (const QString& context : contexts) {
