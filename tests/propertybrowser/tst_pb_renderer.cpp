@@ -83,6 +83,8 @@ private slots:
     void shrunkRectMovesText();
     void iconsAreSharp_data();
     void iconsAreSharp();
+    void nameTextStaysAboveTheStrip_data();
+    void nameTextStaysAboveTheStrip();
     void propertyIconBeforeTheName_data();
     void propertyIconBeforeTheName();
     void destroyedRendererIsForgotten();
@@ -266,6 +268,52 @@ void TestRenderer::iconsAreSharp()
     // The icon is at the left of the value cell, vertically centred.
     const QPoint iconCentre(cell.left() + 3 + 8, cell.center().y());
     QCOMPARE(image.pixelColor(iconCentre * ratio), expected);
+}
+
+void TestRenderer::nameTextStaysAboveTheStrip_data()
+{
+    QTest::addColumn<int>("pointSize");
+    QTest::addColumn<qreal>("ratio");
+    QTest::newRow("usual font") << 10 << 1.0;
+    QTest::newRow("usual font, ratio 2") << 10 << 2.0;
+    QTest::newRow("large font") << 16 << 1.0;
+}
+
+void TestRenderer::nameTextStaysAboveTheStrip()
+{
+    QFETCH(int, pointSize);
+    QFETCH(qreal, ratio);
+    QFont font = m_poBrowser->font();
+    font.setPointSize(pointSize);
+    m_poBrowser->setFont(font);
+    // Names with letters that reach low, and an icon, which must keep clear too.
+    QPixmap black(16, 16);
+    black.fill(Qt::black);
+    m_poManager->setPropertyIcon(QIcon(black));
+    m_poBrowser->setIconSize(QSize(16, 16));
+    for (QtProperty* property : m_poManager->properties())
+        property->setPropertyName(QStringLiteral("gjpqy Qgj"));
+    const int strip = QtPropertyAbstractCustomRenderer::kNameStripHeight;
+    QTRY_VERIFY(cellRect(0, 0).height() >= QFontMetrics(font).height() + strip);
+
+    QWidget* viewport = m_poView->viewport();
+    QImage image(viewport->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    viewport->render(&image);
+    const QRect name = cellRect(0, 0);
+    // The renderer here draws nothing under the names: any ink in the strip is text or icon.
+    int inkAbove = 0;
+    for (int y = name.top() * ratio; y <= name.bottom() * ratio; ++y) {
+        for (int x = name.left() * ratio; x < name.right() * ratio; ++x) {
+            if (qGray(image.pixel(x, y)) >= 160)
+                continue;
+            QVERIFY2(y < (name.bottom() + 1 - strip) * ratio,
+                     qPrintable(QStringLiteral("ink at %1,%2").arg(x).arg(y)));
+            ++inkAbove;
+        }
+    }
+    QVERIFY(inkAbove > 100);
 }
 
 void TestRenderer::propertyIconBeforeTheName_data()

@@ -22,11 +22,18 @@ class QtProperty;
 /// only when the flag was false, draw exactly once per value cell: of two consecutive calls
 /// exactly one finds the flag false, whatever state earlier paints, full or partial, left.
 ///
+/// A name cell's lowest kNameStripHeight pixels are the renderer's, for what it draws under the
+/// name: the delegate lays the name and its icon out above them, and makes rows that much
+/// taller. This is an addition of this library, as the renderer itself is.
+///
 /// The class is not a QObject; a concrete renderer that also derives from QObject and has the
 /// browser as its parent lives as long as the browser, and the browser forgets it if it goes.
 class QtPropertyAbstractCustomRenderer
 {
 public:
+    /// The height of the strip at the foot of a name cell that is left to the renderer.
+    static constexpr int kNameStripHeight = 8;
+
     virtual ~QtPropertyAbstractCustomRenderer() = default;
 
     /// Paints extras of the cell @p index of @p property and may change @p option, which the

@@ -56,14 +56,17 @@ void QtPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     if (!hasValue && m_poBrowser->propertiesWithoutValueMarked())
         cellOption.palette.setColor(QPalette::Text, option.palette.color(QPalette::BrightText));
     cellOption.state &= ~QStyle::State_HasFocus;
+    int footHeight = 0;
     if (QtPropertyAbstractCustomRenderer* renderer = m_poBrowser->customRenderer()) {
         // Two calls for a value cell, one for a name cell: see QtPropertyAbstractCustomRenderer.
         const int calls = index.column() == 1 ? 2 : 1;
         for (int call = 0; call < calls; ++call)
             renderer->drawCustom(painter, cellOption, index, *this, property);
+        if (index.column() == 0)
+            footHeight = QtPropertyAbstractCustomRenderer::kNameStripHeight;
     }
     paintCell(painter, cellOption, QtBrowserItemModel::displayText(item, index.column()),
-              QtBrowserItemModel::decoration(item, index.column()));
+              QtBrowserItemModel::decoration(item, index.column()), footHeight);
     if (index.column() == 0 && hasValue) {
         // The line between name and value; a row without a value spans both visually.
         const QStyle* style
@@ -79,8 +82,11 @@ void QtPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
 QSize QtPropertyTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
                                        const QModelIndex& index) const
 {
-    // A little air around the text, and at least the height the browser was given.
+    // A little air around the text, the renderer's strip under it, and at least the height the
+    // browser was given.
     QSize size = QItemDelegate::sizeHint(option, index) + QSize(3, 4);
+    if (m_poBrowser->customRenderer())
+        size.rheight() += QtPropertyAbstractCustomRenderer::kNameStripHeight;
     size.setHeight(qMax(size.height(), m_poBrowser->itemMinimumHeight()));
     return size;
 }
@@ -123,7 +129,7 @@ uint qHash(const QtPropertyTreeDelegate::ShapedTextKey& key, uint seed)
 }
 
 void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionViewItem& option,
-                                       QString text, const QIcon& icon) const
+                                       QString text, const QIcon& icon, int footHeight) const
 {
     // Line breaks as QTextLayout takes them, as the base class converts them.
     if (text.contains(QLatin1Char('\n')))
@@ -141,13 +147,16 @@ void QtPropertyTreeDelegate::paintCell(QPainter* painter, const QStyleOptionView
     if (!text.isNull())
         textRect = QRect(0, 0, 1, 1);
     QRect checkRect;
-    doLayout(option, &checkRect, &iconRect, &textRect, false);
+    // Text and icon are laid out above the foot; the selection still fills the whole cell.
+    QStyleOptionViewItem layoutOption = option;
+    layoutOption.rect.setBottom(option.rect.bottom() - footHeight);
+    doLayout(layoutOption, &checkRect, &iconRect, &textRect, false);
     if (option.state & QStyle::State_Selected)
         painter->fillRect(option.rect,
                           option.palette.brush(colorGroup(option), QPalette::Highlight));
-    paintIcon(painter, option, iconRect, icon);
-    paintText(painter, option, textRect, text);
-    drawFocus(painter, option, textRect);
+    paintIcon(painter, layoutOption, iconRect, icon);
+    paintText(painter, layoutOption, textRect, text);
+    drawFocus(painter, layoutOption, textRect);
     painter->restore();
 }
 

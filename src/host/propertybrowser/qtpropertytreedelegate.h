@@ -55,9 +55,10 @@ private:
 
     /// Paints what QItemDelegate::paint() paints for a cell of our model, which has no check
     /// state and no font, alignment, foreground or background roles, without the QVariant
-    /// round trips and without measuring the text when the layout does not depend on it.
+    /// round trips and without measuring the text when the layout does not depend on it. Text
+    /// and icon keep clear of the lowest @p footHeight pixels.
     void paintCell(QPainter* painter, const QStyleOptionViewItem& option, QString text,
-                   const QIcon& icon) const;
+                   const QIcon& icon, int footHeight) const;
     /// Paints @p icon into @p rect at the painter's pixel ratio, where the base class would
     /// scale up a pixmap made for ratio 1.
     void paintIcon(QPainter* painter, const QStyleOptionViewItem& option, const QRect& rect,
