@@ -305,29 +305,28 @@ void TestEditing::dialogSetsALocalValue()
 
 void TestEditing::dialogSetsLimits()
 {
-    // The exposure's limits are editable: its row shows the value read only, and its dialog
-    // edits the limits.
-    const QString path = QStringLiteral("BottleInspection.Camera.Exposure");
-    QWidget* editor = openEditor(path, "IntPropertyEditor");
+    // The tolerance of a measurement: its row shows the measured value read only, and its
+    // dialog edits the limits that the value must keep.
+    const QString path = QStringLiteral("BottleInspection.Measurement.Tolerance");
+    QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
-    QVERIFY(!editor->findChild<QLineEdit*>()->isEnabled());
+    QVERIFY(editor->findChild<QDoubleSpinBox*>()->isReadOnly());
     const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {
-        dialog.findChild<QRadioButton*>(QStringLiteral("rbLocalValue"))->setChecked(true);
-        auto* minimum = dialog.findChild<QLineEdit*>(QStringLiteral("m_poMinValueText"));
-        auto* maximum = dialog.findChild<QLineEdit*>(QStringLiteral("m_poMaxValueText"));
+        QVERIFY(dialog.findChild<QRadioButton*>(QStringLiteral("rbLocalValue"))->isChecked());
+        QVERIFY(!dialog.findChild<QWidget*>(QStringLiteral("m_poValueText"))->isEnabled());
+        auto* minimum = dialog.findChild<QDoubleSpinBox*>(QStringLiteral("m_poMinValueText"));
+        auto* maximum = dialog.findChild<QDoubleSpinBox*>(QStringLiteral("m_poMaxValueText"));
         QVERIFY(minimum->isEnabled() && !minimum->isReadOnly());
-        minimum->selectAll();
-        QTest::keyClicks(minimum, QStringLiteral("20"));
-        maximum->selectAll();
-        QTest::keyClicks(maximum, QStringLiteral("5000"));
+        minimum->setValue(0.05);
+        maximum->setValue(0.15);
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("m_OKBtn")),
                           Qt::LeftButton);
     });
     QVERIFY(run.shown && !run.leftOpen);
     QCOMPARE(m_lEdits.size(), 1);
     QCOMPARE(m_lEdits.first().command, kSetLimits);
-    QCOMPARE(nodeValue(path, "IDataNumeric.LocalMin").toInt(), 20);
-    QCOMPARE(nodeValue(path, "IDataNumeric.LocalMax").toInt(), 5000);
+    QCOMPARE(nodeValue(path, "IDataNumeric.LocalMin").toDouble(), 0.05);
+    QCOMPARE(nodeValue(path, "IDataNumeric.LocalMax").toDouble(), 0.15);
 }
 
 void TestEditing::dialogLinksAPickedNode()
@@ -365,7 +364,7 @@ void TestEditing::dialogLinksAPickedNode()
 
 void TestEditing::resetClearsALink()
 {
-    const QString path = QStringLiteral("BottleInspection.Measurement.Tolerance");
+    const QString path = QStringLiteral("BottleInspection.Measurement.OcrConfidence");
     QVERIFY(m_poWindow->model().poNode(path)->isLinked());
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);

@@ -103,7 +103,15 @@ void TestJobLoader::sampleJobValues()
     QCOMPARE(exposure->property("IDataNumeric.LocalStep"), QVariant(10));
     QCOMPARE(exposure->property("IDataNumeric.DynamicMax"), QVariant(100000.0));
     QCOMPARE(exposure->property("IData.NumericDynamic"), QVariant(true));
-    QCOMPARE(exposure->property("IDataNumeric.LimitsEditable"), QVariant(true));
+    // The first value a user touches is edited in its row like any input.
+    QCOMPARE(exposure->property("IDataNumeric.LimitsEditable"), QVariant(false));
+    QCOMPARE(exposure->property("iIsEditable"), QVariant(true));
+    // A measurement's tolerance is where limits are what the user edits.
+    const DItem* tolerance
+        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Tolerance"));
+    QCOMPARE(tolerance->ioType(), DItem::IoOutput);
+    QCOMPARE(tolerance->property("IDataNumeric.LimitsEditable"), QVariant(true));
+    QCOMPARE(tolerance->property("IDataNumeric.LocalMax"), QVariant(0.2));
 
     // 64-bit values come from texts so that no digit is lost on the way through JSON.
     const DItem* counter = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Counter"));
@@ -144,9 +152,10 @@ void TestJobLoader::sampleJobStates()
     QVERIFY(input->isLinkable() && input->isLinked());
     QCOMPARE(input->linkedPath(), QStringLiteral("BottleInspection.Camera.Image"));
 
-    const DItem* tolerance
-        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Tolerance"));
-    QVERIFY(tolerance->hasLinkError());
+    const DItem* ocrConfidence
+        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.OcrConfidence"));
+    QVERIFY(ocrConfidence->isLinked());
+    QCOMPARE(ocrConfidence->linkedPath(), QStringLiteral("BottleInspection.OCR.Confidence"));
     const DItem* confidence = root->poFindNode(QStringLiteral("BottleInspection.OCR.Confidence"));
     QVERIFY(confidence->hasErrorState());
     QVERIFY(!confidence->isEditable());
