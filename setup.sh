@@ -12,6 +12,8 @@ packages=(
     qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-layouts
     qml-module-qtquick-controls2 qml-module-qtquick-templates2
     libboost-dev
+    # The symbols that stand for control characters in text values (U+2400 onwards).
+    fonts-freefont-ttf
     xvfb xauth
 )
 

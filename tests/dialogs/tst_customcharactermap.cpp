@@ -2,7 +2,11 @@
 
 #include "testsupport.h"
 
+#include <QGlyphRun>
+#include <QGuiApplication>
 #include <QRandomGenerator>
+#include <QRawFont>
+#include <QTextLayout>
 #include <QTest>
 
 class TestCustomCharacterMap : public QObject
@@ -175,6 +179,27 @@ private slots:
             }
             QCOMPARE(CustomCharacterMap::toDisplayString(text), rowByRow(text, true));
             QCOMPARE(CustomCharacterMap::fromDisplayString(text), rowByRow(text, false));
+        }
+    }
+
+    void everySymbolHasAGlyph()
+    {
+        // A symbol without a glyph in any installed font is drawn as an empty box; the set-up
+        // installs a font that has the whole block, and the text engine must find it.
+        const QFont font = QGuiApplication::font();
+        for (const CustomCharacterMap::CharMapItem& row : CustomCharacterMap::getMapping()) {
+            const QString symbol(row.replacement.toChar());
+            QTextLayout layout(symbol, font);
+            layout.beginLayout();
+            layout.createLine();
+            layout.endLayout();
+            const QList<QGlyphRun> runs = layout.glyphRuns();
+            QVERIFY(!runs.isEmpty());
+            const QVector<quint32> glyphs = runs.first().glyphIndexes();
+            QVERIFY2(glyphs.size() == 1 && glyphs.first() != 0,
+                     qPrintable(row.name.toString() + QStringLiteral(" has no glyph")));
+            QVERIFY2(runs.first().rawFont().supportsCharacter(symbol.at(0)),
+                     qPrintable(row.name.toString()));
         }
     }
 
