@@ -14,6 +14,8 @@ packages=(
     libboost-dev
     # The symbols that stand for control characters in text values (U+2400 onwards).
     fonts-freefont-ttf
+    # Qt's own texts in German, for the standard dialogs of the workbench in German.
+    qttranslations5-l10n
     xvfb xauth
 )
 

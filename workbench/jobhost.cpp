@@ -13,10 +13,12 @@
 #include "sdk/visibilityinfo.h"
 #include "sdk/wmessagebox.h"
 
+#include <QCursor>
 #include <QQuickWidget>
 #include <QScrollArea>
 #include <QSet>
 #include <QTimer>
+#include <QToolTip>
 #include <QTreeWidgetItemIterator>
 
 using Script::DItem;
@@ -122,8 +124,11 @@ void JobHost::vShowSelection()
         values.append(node);
     QStringList order;
     for (const DItem* value : qAsConst(values)) {
-        if (browser->createPropertyItem(*value, true))
+        // A new row carries the job's own name; the update translates it and sets its tool tip.
+        if (browser->createPropertyItem(*value, true)) {
+            browser->updatePropertyItem(*value);
             order.append(value->iDataPath());
+        }
     }
     browser->setPropertyOrder(order);
     browser->refreshItemVisiblity();
@@ -166,19 +171,10 @@ void JobHost::vFillTree()
     const QString current = nodePath(tree->currentItem(), *tree);
     const bool firstFill = tree->topLevelItemCount() == 0;
 
-    // The "Add Module" row belongs to the dock; it must leave the tree before the tree deletes
-    // its items.
-    QTreeWidgetItem* addModule = m_poDock->poAddModuleItem();
-    const int addModuleIndex = tree->indexOfTopLevelItem(addModule);
-    if (addModuleIndex >= 0)
-        tree->takeTopLevelItem(addModuleIndex);
-    {
-        const QSignalBlocker blocker(tree);
-        tree->clear();
-    }
+    vClearTree();
     if (DItem* root = m_oModel.poRoot()) {
         addNodeItem(root, nullptr, tree);
-        tree->addTopLevelItem(addModule);
+        tree->addTopLevelItem(m_poDock->poAddModuleItem());
         tree->refreshItemVisiblity();
     }
     for (QTreeWidgetItemIterator it(tree); *it; ++it) {
@@ -188,6 +184,27 @@ void JobHost::vFillTree()
         if (!current.isEmpty() && path == current)
             tree->setCurrentItem(*it);
     }
+}
+
+void JobHost::vDropJob()
+{
+    if (PropertyBrowser::WTreePropertyBrowser* browser = poBrowser())
+        browser->clear();
+    vClearTree();
+}
+
+void JobHost::vClearTree()
+{
+    WidgetTreeView* tree = poTree();
+    if (!tree)
+        return;
+    // The "Add Module" row belongs to the dock; it must leave the tree before the tree deletes
+    // its items.
+    const int addModuleIndex = tree->indexOfTopLevelItem(m_poDock->poAddModuleItem());
+    if (addModuleIndex >= 0)
+        tree->takeTopLevelItem(addModuleIndex);
+    const QSignalBlocker blocker(tree);
+    tree->clear();
 }
 
 void JobHost::vRefreshNodes(const QList<DItem*>& nodes)
@@ -254,7 +271,7 @@ QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
     case 50:
         return tr("The workbench has no toolbox");
     case 51:
-        return tr("Tool tip of the start assistant");
+        return sShowAssistantHelp();
     case 521: {
         const QString target = value.toList().value(0).toString();
         QString error;
@@ -357,6 +374,21 @@ QString JobHost::sFileRequest(int id, const QString& path)
         return tr("Refused: %1").arg(error);
     }
     return (id == 564 ? tr("Loaded %1") : tr("Saved %1")).arg(url.toLocalFile());
+}
+
+QString JobHost::sAssistantHelp()
+{
+    return tr("<b>Module assistant</b><br>Select a module in the job tree, then click "
+              "<i>Start Assistant</i>: the assistant takes the place of the property tree and "
+              "walks you through the module's inputs, one at a time, and what its outputs "
+              "mean.<br>Close it with its own <i>Close</i> button to edit values again.");
+}
+
+QString JobHost::sShowAssistantHelp()
+{
+    // The help goes where the user just clicked, as a tool tip of the dock.
+    QToolTip::showText(QCursor::pos(), sAssistantHelp(), m_poDock);
+    return tr("Help for the assistant shown");
 }
 
 QString JobHost::sAssistant(bool visible, QVariant& reply)

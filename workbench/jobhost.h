@@ -35,12 +35,16 @@ public:
     void vAttach(WidgetTree* dock);
     /// Builds the job tree's items from the job again, keeping expansion and the current node.
     void vFillTree();
+    /// Empties both trees before the job is replaced: their items and rows point to its nodes.
+    void vDropJob();
     /// The job tree of the dock, or null before vAttach().
     WidgetTreeView* poTree() const;
     /// The property tree of the dock, or null before vAttach().
     PropertyBrowser::WTreePropertyBrowser* poBrowser() const;
     /// Fills the property tree with the values of the selected node, as a host does.
     void vShowSelection();
+    /// The help that the "?" beside Start Assistant shows, in the current language.
+    static QString sAssistantHelp();
 
 public slots:
     /// Answers one request of the plug-in; @p reply is read by the sender after the return.
@@ -57,6 +61,8 @@ private:
     QString sSelectLinked(const QString& path);
     QString sFileRequest(int id, const QString& path);
     QString sAssistant(bool visible, QVariant& reply);
+    QString sShowAssistantHelp();
+    void vClearTree();
     void vRefreshNodes(const QList<Script::DItem*>& nodes);
     void vRefreshVisibility();
     void vOnViewModeChanged(int mode);

@@ -8,6 +8,7 @@
 #include "sdk/image.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -72,6 +73,8 @@ const QSet<QString> kNodeKeys = {"name",
 // Builds the nodes of one document; the first problem found is kept in m_sError.
 class JobBuilder
 {
+    Q_DECLARE_TR_FUNCTIONS(JobLoader)
+
 public:
     std::unique_ptr<DItem> poJob(const QJsonObject& job);
     bool bCheckLinks(DItem* root);
@@ -119,7 +122,7 @@ bool JobBuilder::bText(const QJsonObject& object, const QString& key, QString* v
     if (field.isUndefined())
         return true;
     if (!field.isString())
-        return bFail(QStringLiteral("\"%1\" must be a text").arg(key));
+        return bFail(tr("\"%1\" must be a text").arg(key));
     *value = field.toString();
     return true;
 }
@@ -132,7 +135,7 @@ bool JobBuilder::bFlag(const QJsonObject& object, const QString& key, bool defau
     if (field.isUndefined())
         return true;
     if (!field.isBool())
-        return bFail(QStringLiteral("\"%1\" must be true or false").arg(key));
+        return bFail(tr("\"%1\" must be true or false").arg(key));
     *value = field.toBool();
     return true;
 }
@@ -149,25 +152,25 @@ bool JobBuilder::bNumber(const QJsonObject& object, const QString& key, const QS
         bool ok = false;
         const qlonglong number = field.toString().toLongLong(&ok);
         if (!ok)
-            return bFail(QStringLiteral("\"%1\" is not a 64-bit integer").arg(key));
+            return bFail(tr("\"%1\" is not a 64-bit integer").arg(key));
         *value = number;
         return true;
     }
     if (!field.isDouble())
-        return bFail(QStringLiteral("\"%1\" must be a number").arg(key));
+        return bFail(tr("\"%1\" must be a number").arg(key));
     const double number = field.toDouble();
     if (type == kDouble) {
         *value = number;
         return true;
     }
     if (type == kInt64 && std::fabs(number) >= 9007199254740992.0) {
-        return bFail(QStringLiteral("\"%1\" is too large for a JSON number, which keeps only 53 bits:"
+        return bFail(tr("\"%1\" is too large for a JSON number, which keeps only 53 bits:"
                                     " write it as a decimal text, such as \"9223372036854775807\"")
                          .arg(key));
     }
     const double limit = type == kInt ? 2147483648.0 : 9007199254740992.0;
     if (number != std::trunc(number) || number < -limit || number >= limit)
-        return bFail(QStringLiteral("\"%1\" must be a whole number that fits the type").arg(key));
+        return bFail(tr("\"%1\" must be a whole number that fits the type").arg(key));
     if (type == kInt)
         *value = static_cast<int>(number);
     else
@@ -181,24 +184,24 @@ std::unique_ptr<DItem> JobBuilder::poJob(const QJsonObject& job)
     if (!bText(job, QStringLiteral("name"), &name))
         return nullptr;
     if (name.isEmpty() || name.contains('.'))
-        return poFail(QStringLiteral("the job needs a name without \".\""));
+        return poFail(tr("the job needs a name without \".\""));
     auto root = std::make_unique<DItem>(name, QStringLiteral("Job"), DItem::IoNone);
     root->setProperty("IData.Description", name);
     root->setProperty("IData.IsGuiVisible", true);
     const QJsonValue modules = job.value(QStringLiteral("modules"));
     if (!modules.isArray())
-        return poFail(QStringLiteral("\"modules\" must be a list"));
+        return poFail(tr("\"modules\" must be a list"));
     QSet<QString> names;
     for (const QJsonValue& module : modules.toArray()) {
         m_sWhere = name;
         if (!module.isObject())
-            return poFail(QStringLiteral("a module must be an object"));
+            return poFail(tr("a module must be an object"));
         std::unique_ptr<DItem> node = poNode(module.toObject(), name, true);
         if (!node)
             return nullptr;
         m_sWhere = name;
         if (names.contains(node->unTranslatedName()))
-            return poFail(QStringLiteral("two modules are named %1").arg(node->unTranslatedName()));
+            return poFail(tr("two modules are named %1").arg(node->unTranslatedName()));
         names.insert(node->unTranslatedName());
         root->vAddChildNode(node.release());
     }
@@ -222,12 +225,12 @@ std::unique_ptr<DItem> JobBuilder::poNode(const QJsonObject& object, const QStri
     if (!bText(object, QStringLiteral("name"), &name))
         return nullptr;
     if (name.isEmpty() || name.contains('.'))
-        return poFail(QStringLiteral("every node needs a name without \".\""));
+        return poFail(tr("every node needs a name without \".\""));
     const QString path = parentPath + '.' + name;
     m_sWhere = path;
     for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
         if (!kNodeKeys.contains(it.key()))
-            return poFail(QStringLiteral("unknown key \"%1\"").arg(it.key()));
+            return poFail(tr("unknown key \"%1\"").arg(it.key()));
     }
 
     QString type = isModule ? QStringLiteral("Module") : QString();
@@ -238,7 +241,7 @@ std::unique_ptr<DItem> JobBuilder::poNode(const QJsonObject& object, const QStri
         = {QStringLiteral("setting"), QStringLiteral("input"), QStringLiteral("output")};
     const int ioIndex = ioNames.indexOf(io);
     if (ioIndex < 0)
-        return poFail(QStringLiteral("\"io\" must be setting, input or output"));
+        return poFail(tr("\"io\" must be setting, input or output"));
 
     std::unique_ptr<DItem> node = poMakeNode(type, path, DItem::IoType(ioIndex));
     if (!bApplyState(*node, object, isModule) || !bApplyValue(*node, object))
@@ -246,19 +249,19 @@ std::unique_ptr<DItem> JobBuilder::poNode(const QJsonObject& object, const QStri
 
     const QJsonValue children = object.value(QStringLiteral("nodes"));
     if (!children.isUndefined() && !children.isArray())
-        return poFail(QStringLiteral("\"nodes\" must be a list"));
+        return poFail(tr("\"nodes\" must be a list"));
     QSet<QString> names;
     for (const QJsonValue& child : children.toArray()) {
         m_sWhere = path;
         if (!child.isObject())
-            return poFail(QStringLiteral("a node must be an object"));
+            return poFail(tr("a node must be an object"));
         std::unique_ptr<DItem> childNode = poNode(child.toObject(), path, false);
         if (!childNode)
             return nullptr;
         m_sWhere = path;
         if (names.contains(childNode->unTranslatedName()))
             return poFail(
-                QStringLiteral("two nodes are named %1").arg(childNode->unTranslatedName()));
+                tr("two nodes are named %1").arg(childNode->unTranslatedName()));
         names.insert(childNode->unTranslatedName());
         node->vAddChildNode(childNode.release());
     }
@@ -292,9 +295,9 @@ bool JobBuilder::bApplyState(DItem& node, const QJsonObject& object, bool isModu
         return false;
     const QJsonValue outOfRange = object.value(QStringLiteral("outOfRange"));
     if (!outOfRange.isUndefined() && (!outOfRange.isDouble() || outOfRange.toInt(-1) < 0))
-        return bFail(QStringLiteral("\"outOfRange\" must be a count"));
+        return bFail(tr("\"outOfRange\" must be a count"));
     if (!link.isEmpty() && !linkable)
-        return bFail(QStringLiteral("a node that is not linkable cannot have a link"));
+        return bFail(tr("a node that is not linkable cannot have a link"));
 
     node.setProperty("IData.Description", description);
     node.setIconPath(icon);
@@ -322,7 +325,7 @@ bool JobBuilder::bApplyState(DItem& node, const QJsonObject& object, bool isModu
     if (properties.isUndefined())
         return true;
     if (!properties.isObject())
-        return bFail(QStringLiteral("\"properties\" must be an object"));
+        return bFail(tr("\"properties\" must be an object"));
     const QVariantMap raw = properties.toObject().toVariantMap();
     for (auto it = raw.constBegin(); it != raw.constEnd(); ++it)
         node.setProperty(it.key().toUtf8().constData(), it.value());
@@ -359,11 +362,11 @@ bool JobBuilder::bApplyValue(DItem& node, const QJsonObject& object)
     if (type == kEnum) {
         const QJsonValue choices = object.value(QStringLiteral("choices"));
         if (!choices.isArray())
-            return bFail(QStringLiteral("an enumeration needs \"choices\""));
+            return bFail(tr("an enumeration needs \"choices\""));
         QStringList list;
         for (const QJsonValue& choice : choices.toArray()) {
             if (!choice.isString())
-                return bFail(QStringLiteral("every choice must be a text"));
+                return bFail(tr("every choice must be a text"));
             list << choice.toString();
         }
         QString dynamicValue = list.value(0);
@@ -373,7 +376,7 @@ bool JobBuilder::bApplyValue(DItem& node, const QJsonObject& object)
         if (!bText(object, QStringLiteral("local"), &localValue))
             return false;
         if (!list.contains(dynamicValue) || !list.contains(localValue))
-            return bFail(QStringLiteral("the value must be one of the choices"));
+            return bFail(tr("the value must be one of the choices"));
         node.setProperty("IDataBasicEnum.EnumList", list);
         node.setProperty("IDataBasicEnum.DynamicStringnifiedValue", dynamicValue);
         node.setProperty("IDataBasicEnum.LocalStringnifiedValue", localValue);
@@ -391,7 +394,7 @@ bool JobBuilder::bApplyValue(DItem& node, const QJsonObject& object)
         return true;
     }
     if (!value.isUndefined() || !local.isUndefined())
-        return bFail(QStringLiteral("a node of type \"%1\" holds no value").arg(type));
+        return bFail(tr("a node of type \"%1\" holds no value").arg(type));
     return true;
 }
 
@@ -414,11 +417,11 @@ bool JobBuilder::bApplyNumeric(DItem& node, const QJsonObject& object)
         || !bFlag(object, QStringLiteral("limitsEditable"), false, &limitsEditable))
         return false;
     if (min.isValid() && max.isValid() && min.toDouble() > max.toDouble())
-        return bFail(QStringLiteral("\"min\" lies above \"max\""));
+        return bFail(tr("\"min\" lies above \"max\""));
     if (step.isValid() && step.toDouble() <= 0)
-        return bFail(QStringLiteral("\"step\" must be positive"));
+        return bFail(tr("\"step\" must be positive"));
     if (dynamicMin.isValid() != dynamicMax.isValid())
-        return bFail(QStringLiteral("\"dynamicMin\" and \"dynamicMax\" go together"));
+        return bFail(tr("\"dynamicMin\" and \"dynamicMax\" go together"));
     // The host keeps a local value within its limits, so a job holding one outside is broken.
     // An output's value is what the last run measured and may lie anywhere: it is shown out of
     // range, and only a local value written out for an output is checked.
@@ -453,7 +456,7 @@ bool JobBuilder::bCheckLocalRange(const DItem& node, const QVariant& local, cons
         return int64 ? a.toLongLong() < b.toLongLong() : a.toDouble() < b.toDouble();
     };
     if ((min.isValid() && below(local, min)) || (max.isValid() && below(max, local))) {
-        return bFail(QStringLiteral("the local value %1 lies outside \"min\" %2 .. \"max\" %3")
+        return bFail(tr("the local value %1 lies outside \"min\" %2 .. \"max\" %3")
                          .arg(local.toString(), min.isValid() ? min.toString() : QStringLiteral("-"),
                               max.isValid() ? max.toString() : QStringLiteral("-")));
     }
@@ -494,7 +497,7 @@ bool JobBuilder::bApplyImage(Script::GraphicItems::WImage::Image& image, const Q
         const int width = described.value(QStringLiteral("width")).toInt(0);
         const int height = described.value(QStringLiteral("height")).toInt(0);
         if (width <= 0 || height <= 0 || width > 4096 || height > 4096)
-            return bFail(QStringLiteral("\"image\" needs a width and height from 1 to 4096"));
+            return bFail(tr("\"image\" needs a width and height from 1 to 4096"));
         const QColor color(described.value(QStringLiteral("color")).toString());
         // A soft gradient with a few shapes, so that previews show something to look at.
         QImage picture(width, height, QImage::Format_RGB32);
@@ -513,15 +516,15 @@ bool JobBuilder::bApplyImage(Script::GraphicItems::WImage::Image& image, const Q
     if (!mode.isUndefined()) {
         const int linkMode = mode.toInt(-1);
         if (linkMode < 0 || linkMode > 2)
-            return bFail(QStringLiteral("\"linkMode\" must be 0, 1 or 2"));
+            return bFail(tr("\"linkMode\" must be 0, 1 or 2"));
         image.setLinkMode(Script::GraphicItems::WImage::Image::LinkMode(linkMode));
     }
     const QJsonValue channels = object.value(QStringLiteral("channels"));
     if (!channels.isUndefined() && !channels.isArray())
-        return bFail(QStringLiteral("\"channels\" must be a list"));
+        return bFail(tr("\"channels\" must be a list"));
     for (const QJsonValue& channel : channels.toArray()) {
         if (!channel.isString() || channel.toString().isEmpty() || channel.toString().contains('.'))
-            return bFail(QStringLiteral("a channel needs a name without \".\""));
+            return bFail(tr("a channel needs a name without \".\""));
         image.poAddChannel(channel.toString())->setLinkable(true);
     }
     return true;
@@ -537,11 +540,11 @@ bool JobBuilder::bApplyBinary(Script::BinaryItem& item, const QJsonObject& objec
         || !bText(object, QStringLiteral("fileDescription"), &description))
         return false;
     if (!text.isEmpty() && !base64.isEmpty())
-        return bFail(QStringLiteral("give either \"text\" or \"base64\""));
+        return bFail(tr("give either \"text\" or \"base64\""));
     const auto decoded = QByteArray::fromBase64Encoding(base64.toLatin1(),
                                                         QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded)
-        return bFail(QStringLiteral("\"base64\" is not valid base64"));
+        return bFail(tr("\"base64\" is not valid base64"));
     item.setBinaryData(text.isEmpty() ? *decoded : text.toUtf8());
     if (!fileName.isEmpty()) {
         item.setProperty("FileName", fileName);
@@ -562,11 +565,11 @@ bool JobBuilder::bCheckLinks(DItem* root)
         const QString& target = node->linkedPath();
         const DItem* source = nodes.value(target);
         if (!source)
-            return bFail(QStringLiteral("the link goes to %1, which the job does not have").arg(target));
+            return bFail(tr("the link goes to %1, which the job does not have").arg(target));
         if (source == node)
-            return bFail(QStringLiteral("the node is linked to itself"));
+            return bFail(tr("the node is linked to itself"));
         if (!canTakeValueOf(node->iDataType(), source->iDataType())) {
-            return bFail(QStringLiteral("a node of type %1 cannot be linked to %2 of type %3")
+            return bFail(tr("a node of type %1 cannot be linked to %2 of type %3")
                              .arg(node->iDataType(), target, source->iDataType()));
         }
         // Following the chain from here must end; a chain longer than the job has nodes has
@@ -575,7 +578,7 @@ bool JobBuilder::bCheckLinks(DItem* root)
         for (const DItem* step = source; step && step->isLinked();
              step = nodes.value(step->linkedPath())) {
             if (step == node || ++steps > nodes.size())
-                return bFail(QStringLiteral("the links go round in a circle through %1").arg(target));
+                return bFail(tr("the links go round in a circle through %1").arg(target));
         }
     }
     return true;
@@ -590,12 +593,8 @@ QString textPosition(const QByteArray& json, int offset)
     const int lineStart = json.lastIndexOf('\n', offset - 1) + 1;
     const int line = json.left(lineStart).count('\n') + 1;
     const int column = QString::fromUtf8(json.constData() + lineStart, offset - lineStart).size() + 1;
-    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+    return QCoreApplication::translate("JobLoader", "line %1, column %2").arg(line).arg(column);
 }
-
-} // namespace
-
-namespace {
 
 // Parses @p json, which it empties as soon as it is no longer needed: a large job then does not
 // hold its text, its parsed document and its nodes all at once.
@@ -606,10 +605,10 @@ Script::DItem* poLoadText(QByteArray& json, QString* error, const JobLoader::Pro
     QString problem;
     std::unique_ptr<DItem> root;
     if (parseError.error != QJsonParseError::NoError) {
-        problem = QStringLiteral("not valid JSON at %1: %2")
+        problem = QCoreApplication::translate("JobLoader", "not valid JSON at %1: %2")
                       .arg(textPosition(json, parseError.offset - 1), parseError.errorString());
     } else if (!document.isObject()) {
-        problem = QStringLiteral("a job must be a JSON object");
+        problem = QCoreApplication::translate("JobLoader", "a job must be a JSON object");
     } else {
         json = QByteArray();
         if (progress)

@@ -36,7 +36,7 @@ void prepareSettings()
     // Until the user moves it, the splitter leaves the names room for a usual name.
     Settings::WAppSetting* editor = settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
     if (!editor->valueOf(QStringLiteral("SplitterPos"), QVariant()).isValid())
-        editor->setValueOf(QStringLiteral("SplitterPos"), 200);
+        editor->setValueOf(QStringLiteral("SplitterPos"), 220);
 }
 
 QtMessageHandler defaultHandler = nullptr;

@@ -151,7 +151,7 @@ QStringList RequestLog::rowTexts(int row) const
 QString RequestLog::sDescribe(const QVariant& value)
 {
     if (!value.isValid())
-        return QStringLiteral("none");
+        return tr("none");
     switch (value.userType()) {
     case QMetaType::QString:
         return '"' + shortened(value.toString()) + '"';

@@ -25,6 +25,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QLibraryInfo>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
 #include <QProgressDialog>
@@ -55,6 +56,14 @@ const ProjectFlag kProjectFlags[] = {
     {Utils::ProjectMode::HardLocked, QT_TRANSLATE_NOOP("WorkbenchWindow", "Hard lock")},
 };
 
+// A flag's name with its number, so that the number the dock reads can be followed.
+QString flagText(const ProjectFlag& flag)
+{
+    return QStringLiteral("%1 (%2)")
+        .arg(QCoreApplication::translate("WorkbenchWindow", flag.label))
+        .arg(int(flag.flag));
+}
+
 } // namespace
 
 const int WorkbenchWindow::kProgressDelayMs;
@@ -81,6 +90,12 @@ WorkbenchWindow::WorkbenchWindow(QWidget* parent)
     m_poRunner = new JobRunner(m_oModel, this);
     connect(m_poHost, &JobHost::statusMessage, this,
             [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+
+    // The workbench drives no camera; saying so makes sense of the dock's offline message on
+    // camera values.
+    m_poCameraState = new QLabel(this);
+    m_poCameraState->setObjectName(QStringLiteral("cameraStateLabel"));
+    statusBar()->addPermanentWidget(m_poCameraState);
 
     vCreateMenus();
     vRetranslate();
@@ -164,6 +179,7 @@ void WorkbenchWindow::vOnDockVisibility(bool visible)
 
 void WorkbenchWindow::setJob(Script::DItem* root)
 {
+    m_poHost->vDropJob();
     m_oModel.setJob(root);
     m_poHost->vFillTree();
     setWindowFilePath(root ? root->iDataPath() : QString());
@@ -375,16 +391,30 @@ void WorkbenchWindow::vCreateMenus()
 void WorkbenchWindow::vApplyProjectFlags()
 {
     int mode = 0;
-    for (const QAction* action : qAsConst(m_lstProjectFlagActions)) {
-        if (action->isChecked())
-            mode |= action->data().toInt();
+    QStringList names;
+    for (int i = 0; i < m_lstProjectFlagActions.size(); ++i) {
+        const QAction* action = m_lstProjectFlagActions.at(i);
+        if (!action->isChecked())
+            continue;
+        mode |= action->data().toInt();
+        names << flagText(kProjectFlags[i]);
     }
     m_oProjectMode.setProjectMode(mode);
+    // The dock reads only the number; the names say what it is made of.
+    statusBar()->showMessage(
+        tr("Project mode %1: %2")
+            .arg(mode)
+            .arg(names.isEmpty() ? tr("no flags") : names.join(QStringLiteral(", "))),
+        5000);
 }
 
 void WorkbenchWindow::vRetranslate()
 {
     setWindowTitle(tr("Workbench"));
+    m_poCameraState->setText(tr("Camera: offline"));
+    m_poCameraState->setToolTip(tr("The workbench has no camera. The camera module's values are "
+                                   "shown as the job holds them, and changes that need the camera "
+                                   "are refused, as in offline mode."));
     if (auto* tabs = qobject_cast<QTabWidget*>(centralWidget()))
         tabs->setTabText(0, tr("Requests"));
     if (m_poDock)
@@ -400,9 +430,6 @@ void WorkbenchWindow::vRetranslate()
     m_poRunAction->setText(tr("&Run"));
     m_poRunAction->setToolTip(tr("Runs the job: its outputs change several times a second (F5)"));
     m_poProjectMenu->setTitle(tr("&Project"));
-    for (int i = 0; i < m_lstProjectFlagActions.size(); ++i) {
-        const ProjectFlag& flag = kProjectFlags[i];
-        m_lstProjectFlagActions.at(i)->setText(
-            QStringLiteral("%1 (%2)").arg(tr(flag.label)).arg(int(flag.flag)));
-    }
+    for (int i = 0; i < m_lstProjectFlagActions.size(); ++i)
+        m_lstProjectFlagActions.at(i)->setText(flagText(kProjectFlags[i]));
 }

@@ -15,6 +15,7 @@ class JobHost;
 class JobRunner;
 class QAction;
 class QDockWidget;
+class QLabel;
 class QMenu;
 class QTranslator;
 class RequestLog;
@@ -90,6 +91,7 @@ private:
     WidgetTree* m_poNavigator = nullptr;
     QDockWidget* m_poDock = nullptr;
     RequestLog* m_poLog = nullptr;
+    QLabel* m_poCameraState = nullptr;
     JobHost* m_poHost = nullptr;
     JobRunner* m_poRunner = nullptr;
     bool m_bDockHidden = true;

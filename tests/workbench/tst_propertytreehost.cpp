@@ -254,8 +254,10 @@ void TestPropertyTreeHost::languageChangeNamesRowsByTheirPaths()
     WidgetProperty* exposure = browser().getWProperty(kExposure);
     QCOMPARE(exposure->propertyName(), QStringLiteral("Exposure Time [us]"));
     QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("de")));
-    QTRY_COMPARE(exposure->propertyName(), QStringLiteral("Belichtung"));
-    QCOMPARE(browser().getWProperty(kTemperature)->propertyName(), QStringLiteral("Temperatur"));
+    // The host's catalogue gives the names with their units.
+    QTRY_COMPARE(exposure->propertyName(), QStringLiteral("Belichtungszeit [µs]"));
+    QCOMPARE(browser().getWProperty(kTemperature)->propertyName(),
+             QStringLiteral("Sensortemperatur [°C]"));
     QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("en")));
     // From now on the name is the path's last segment, no longer the description.
     QTRY_COMPARE(exposure->propertyName(), QStringLiteral("Exposure"));

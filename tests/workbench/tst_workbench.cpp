@@ -1,3 +1,5 @@
+#include "jobhost.h"
+#include "jobloader.h"
 #include "jobmodel.h"
 #include "requestlog.h"
 #include "testsupport.h"
@@ -11,8 +13,12 @@
 
 #include "qttreepropertybrowser.h"
 
+#include <QDialog>
 #include <QDockWidget>
 #include <QFile>
+#include <QLabel>
+#include <QToolTip>
+#include <QTreeWidget>
 #include <QLineEdit>
 #include <QProcess>
 #include <QQuickItem>
@@ -68,6 +74,16 @@ private slots:
     void selectingAModuleSendsARequest();
     void renamingAModule();
     void switchingTheLanguage();
+    void openingAnotherJobReplacesBothTrees();
+    void germanReachesEveryText();
+    void germanLinkPanelTextFits();
+    void cameraStateAndAssistantHelp();
+
+private:
+    /// Switches the language and waits until the window has taken it.
+    bool bSwitchLanguage(const QString& language);
+
+private slots:
     void theWindowIsNotBlank();
     void aHugeTextValueIsDrawnCut();
     void moduleAssistantOpensAndCloses();
@@ -200,6 +216,113 @@ void TestWorkbench::switchingTheLanguage()
     QCOMPARE(dock->windowTitle(), QStringLiteral("Job Tree"));
     QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
              QStringLiteral("Camera"));
+}
+
+bool TestWorkbench::bSwitchLanguage(const QString& language)
+{
+    if (!m_poWindow->bSetLanguage(language))
+        return false;
+    // The language change reaches the widgets through the event loop.
+    const QString title = language == QLatin1String("de") ? QStringLiteral("Werkbank")
+                                                          : QStringLiteral("Workbench");
+    return QTest::qWaitFor([&] { return m_poWindow->windowTitle() == title; });
+}
+
+void TestWorkbench::openingAnotherJobReplacesBothTrees()
+{
+    // The trees point into the job that is replaced; the sanitizer build sees any read of it.
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Locator")));
+    itemOf(tree(), QStringLiteral("BottleInspection.Locator"))->setExpanded(true);
+    QString error;
+    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(WORKBENCH_DIR "/examples/label-check.json"),
+                                  &error),
+             qPrintable(error));
+    QCOMPARE(tree().topLevelItem(0)->text(0), QStringLiteral("LabelCheck"));
+    QVERIFY(!itemOf(tree(), QStringLiteral("BottleInspection.Locator")));
+    auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
+    QVERIFY(browser->topLevelItems().isEmpty());
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("LabelCheck.Camera")));
+    QCOMPARE(browser->topLevelItems().size(), 2);
+}
+
+void TestWorkbench::germanReachesEveryText()
+{
+    QVERIFY(bSwitchLanguage(QStringLiteral("de")));
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Camera")));
+    // Names keep their units.
+    auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
+    const QAbstractItemModel* rows = browser->findChild<QTreeView*>()->model();
+    QTRY_COMPARE(rows->index(0, 0).data().toString(), QStringLiteral("Belichtungszeit [µs]"));
+    QCOMPARE(rows->index(7, 0).data().toString(), QStringLiteral("Sensortemperatur [°C]"));
+    // The request log: names of requests, of keys and of an empty reply.
+    const RequestLog* log = m_poWindow->poRequestLog();
+    const QStringList last = log->rowTexts(log->count() - 1);
+    QCOMPARE(last.value(2), QStringLiteral("9 Auswahl geändert"));
+    QCOMPARE(last.value(4), QStringLiteral("keine"));
+    // The detail line of a load error.
+    QString error;
+    QVERIFY(!m_poWindow->bOpenJob(m_oFolder.filePath(QStringLiteral("missing.json")), &error));
+    std::unique_ptr<Script::DItem> broken(JobLoader::poLoad("{\n  \"name\" 3}", &error));
+    QVERIFY(!broken);
+    QVERIFY2(error.startsWith(QStringLiteral("kein gültiges JSON in Zeile 2, Spalte 10")),
+             qPrintable(error));
+    // The open dialog: its title from the host, its buttons from Qt's own catalogue.
+    QCOMPARE(QCoreApplication::translate("FileDialog", "Open File"), QStringLiteral("Datei öffnen"));
+    QCOMPARE(QCoreApplication::translate("QFileDialog", "&Open"), QStringLiteral("&Öffnen"));
+    // The example jobs' names.
+    QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(WORKBENCH_DIR "/examples/gap-measurement.json"),
+                                  &error),
+             qPrintable(error));
+    QCOMPARE(tree().topLevelItem(0)->text(0), QStringLiteral("Spaltmessung"));
+    QVERIFY(bSwitchLanguage(QStringLiteral("en")));
+}
+
+void TestWorkbench::germanLinkPanelTextFits()
+{
+    QVERIFY(bSwitchLanguage(QStringLiteral("de")));
+    // No other node can give a trigger mode its value: the picker has nothing to offer.
+    const QString path = QStringLiteral("BottleInspection.Camera.TriggerMode");
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Camera")));
+    QString shown;
+    int textWidth = 0;
+    int room = 0;
+    const TestSupport::ModalRun run = TestSupport::runModal(
+        [this, &path] {
+            QString error;
+            m_poWindow->bOpenEditor(path, true, &error);
+        },
+        [&](QDialog& dialog) {
+            auto* picker = dialog.findChild<QTreeWidget*>(QStringLiteral("m_poTreeWidget"));
+            QVERIFY(picker && picker->topLevelItemCount() == 1);
+            QTreeWidgetItem* item = picker->topLevelItem(0);
+            shown = item->text(0);
+            const QRect place = picker->visualItemRect(item);
+            textWidth = picker->fontMetrics().horizontalAdvance(shown);
+            // What is left of the row for the text once the icon and its margins are drawn.
+            room = picker->viewport()->width() - place.left() - picker->iconSize().width() - 12;
+            dialog.reject();
+        });
+    QVERIFY(run.shown && !run.leftOpen);
+    QCOMPARE(shown, QStringLiteral("Keine Knoten verknüpfbar !"));
+    QVERIFY2(textWidth <= room, qPrintable(QStringLiteral("%1 > %2").arg(textWidth).arg(room)));
+    QVERIFY(bSwitchLanguage(QStringLiteral("en")));
+}
+
+void TestWorkbench::cameraStateAndAssistantHelp()
+{
+    auto* state = m_poWindow->findChild<QLabel*>(QStringLiteral("cameraStateLabel"));
+    QVERIFY(state && state->isVisible());
+    QCOMPARE(state->text(), QStringLiteral("Camera: offline"));
+    QVERIFY(QMetaObject::invokeMethod(m_poWindow->poNavigator(), "onDisplayToolTip"));
+    QCOMPARE(m_poWindow->poRequestLog()->requestId(m_poWindow->poRequestLog()->count() - 1), 51);
+    QTRY_VERIFY(QToolTip::isVisible());
+    QCOMPARE(QToolTip::text(), JobHost::sAssistantHelp());
+    QVERIFY(QToolTip::text().contains(QStringLiteral("Start Assistant")));
+    QToolTip::hideText();
+    QVERIFY(bSwitchLanguage(QStringLiteral("de")));
+    QCOMPARE(state->text(), QStringLiteral("Kamera: offline"));
+    QVERIFY(JobHost::sAssistantHelp().contains(QStringLiteral("Assistent starten")));
+    QVERIFY(bSwitchLanguage(QStringLiteral("en")));
 }
 
 void TestWorkbench::theWindowIsNotBlank()

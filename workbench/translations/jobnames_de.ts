@@ -13,15 +13,15 @@
     </message>
     <message>
       <source>Exposure</source>
-      <translation>Belichtung</translation>
+      <translation>Belichtungszeit [µs]</translation>
     </message>
     <message>
       <source>Gain</source>
-      <translation>Verstärkung</translation>
+      <translation>Verstärkung [dB]</translation>
     </message>
     <message>
       <source>FrameCounter</source>
-      <translation>Bildzähler</translation>
+      <translation>Aufgenommene Bilder</translation>
     </message>
     <message>
       <source>TriggerMode</source>
@@ -29,7 +29,7 @@
     </message>
     <message>
       <source>Flip</source>
-      <translation>Spiegeln</translation>
+      <translation>Bild spiegeln</translation>
     </message>
     <message>
       <source>Image</source>
@@ -41,7 +41,7 @@
     </message>
     <message>
       <source>Temperature</source>
-      <translation>Temperatur</translation>
+      <translation>Sensortemperatur [°C]</translation>
     </message>
     <message>
       <source>State</source>
@@ -97,11 +97,11 @@
     </message>
     <message>
       <source>Model</source>
-      <translation>Modell</translation>
+      <translation>Modellumriss</translation>
     </message>
     <message>
       <source>MinScore</source>
-      <translation>Mindestwert</translation>
+      <translation>Mindestbewertung</translation>
     </message>
     <message>
       <source>Score</source>
@@ -113,11 +113,11 @@
     </message>
     <message>
       <source>Mask</source>
-      <translation>Maske</translation>
+      <translation>Suchmaske</translation>
     </message>
     <message>
       <source>Found</source>
-      <translation>Gefunden</translation>
+      <translation>Flasche gefunden</translation>
     </message>
     <message>
       <source>OCR</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
       <source>Script</source>
-      <translation>Skript</translation>
+      <translation>Leseskript</translation>
     </message>
     <message>
       <source>ReadText</source>
@@ -153,11 +153,11 @@
     </message>
     <message>
       <source>Confidence</source>
-      <translation>Konfidenz</translation>
+      <translation>Konfidenz [%]</translation>
     </message>
     <message>
       <source>Calibration</source>
-      <translation>Kalibrierung</translation>
+      <translation>Kalibrierdaten</translation>
     </message>
     <message>
       <source>Measurement</source>
@@ -165,31 +165,31 @@
     </message>
     <message>
       <source>Reference</source>
-      <translation>Referenz</translation>
+      <translation>Referenzpunkt</translation>
     </message>
     <message>
       <source>Tolerance</source>
-      <translation>Toleranz</translation>
+      <translation>Toleranz [mm]</translation>
     </message>
     <message>
       <source>Diameter</source>
-      <translation>Durchmesser</translation>
+      <translation>Durchmesser [mm]</translation>
     </message>
     <message>
       <source>Offset</source>
-      <translation>Versatz</translation>
+      <translation>Versatz [px]</translation>
     </message>
     <message>
       <source>Debug</source>
-      <translation>Fehlersuche</translation>
+      <translation>Debug-Ausgabe</translation>
     </message>
     <message>
       <source>Counter</source>
-      <translation>Zähler</translation>
+      <translation>Chargenzähler</translation>
     </message>
     <message>
       <source>Plan</source>
-      <translation>Plan</translation>
+      <translation>Prüfplan</translation>
     </message>
     <message>
       <source>Red</source>
@@ -222,6 +222,182 @@
     <message>
       <source>Not Available</source>
       <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+      <source>OcrConfidence</source>
+      <translation>OCR-Konfidenz [%]</translation>
+    </message>
+    <message>
+      <source>Exposure Time [us]</source>
+      <translation>Belichtungszeit [µs]</translation>
+    </message>
+    <message>
+      <source>Gain [dB]</source>
+      <translation>Verstärkung [dB]</translation>
+    </message>
+    <message>
+      <source>Frames Acquired</source>
+      <translation>Aufgenommene Bilder</translation>
+    </message>
+    <message>
+      <source>Trigger Mode</source>
+      <translation>Auslösemodus</translation>
+    </message>
+    <message>
+      <source>Flip Image</source>
+      <translation>Bild spiegeln</translation>
+    </message>
+    <message>
+      <source>Device ID</source>
+      <translation>Gerätekennung</translation>
+    </message>
+    <message>
+      <source>Sensor Temperature [°C]</source>
+      <translation>Sensortemperatur [°C]</translation>
+    </message>
+    <message>
+      <source>Image Filter</source>
+      <translation>Bildfilter</translation>
+    </message>
+    <message>
+      <source>Input Image</source>
+      <translation>Eingangsbild</translation>
+    </message>
+    <message>
+      <source>Filter Type</source>
+      <translation>Filtertyp</translation>
+    </message>
+    <message>
+      <source>Filtered Image</source>
+      <translation>Gefiltertes Bild</translation>
+    </message>
+    <message>
+      <source>Search Image</source>
+      <translation>Suchbild</translation>
+    </message>
+    <message>
+      <source>Model Outline</source>
+      <translation>Modellumriss</translation>
+    </message>
+    <message>
+      <source>Minimum Score</source>
+      <translation>Mindestbewertung</translation>
+    </message>
+    <message>
+      <source>Search Mask</source>
+      <translation>Suchmaske</translation>
+    </message>
+    <message>
+      <source>Bottle Found</source>
+      <translation>Flasche gefunden</translation>
+    </message>
+    <message>
+      <source>Character Filter</source>
+      <translation>Zeichenfilter</translation>
+    </message>
+    <message>
+      <source>Reading Script</source>
+      <translation>Leseskript</translation>
+    </message>
+    <message>
+      <source>Read Text</source>
+      <translation>Gelesener Text</translation>
+    </message>
+    <message>
+      <source>Confidence [%]</source>
+      <translation>Konfidenz [%]</translation>
+    </message>
+    <message>
+      <source>Calibration Data</source>
+      <translation>Kalibrierdaten</translation>
+    </message>
+    <message>
+      <source>Reference Point</source>
+      <translation>Referenzpunkt</translation>
+    </message>
+    <message>
+      <source>Diameter [mm]</source>
+      <translation>Durchmesser [mm]</translation>
+    </message>
+    <message>
+      <source>Tolerance [mm]</source>
+      <translation>Toleranz [mm]</translation>
+    </message>
+    <message>
+      <source>OCR Confidence [%]</source>
+      <translation>OCR-Konfidenz [%]</translation>
+    </message>
+    <message>
+      <source>Offset [px]</source>
+      <translation>Versatz [px]</translation>
+    </message>
+    <message>
+      <source>Debug Output</source>
+      <translation>Debug-Ausgabe</translation>
+    </message>
+    <message>
+      <source>Batch Counter</source>
+      <translation>Chargenzähler</translation>
+    </message>
+    <message>
+      <source>Inspection Plan</source>
+      <translation>Prüfplan</translation>
+    </message>
+    <message>
+      <source>GapMeasurement</source>
+      <translation>Spaltmessung</translation>
+    </message>
+    <message>
+      <source>LineScan</source>
+      <translation>Zeilenkamera</translation>
+    </message>
+    <message>
+      <source>LineRate</source>
+      <translation>Zeilenrate</translation>
+    </message>
+    <message>
+      <source>Profile</source>
+      <translation>Profil</translation>
+    </message>
+    <message>
+      <source>Gap</source>
+      <translation>Spalt</translation>
+    </message>
+    <message>
+      <source>Width</source>
+      <translation>Breite</translation>
+    </message>
+    <message>
+      <source>Limit</source>
+      <translation>Grenzwert</translation>
+    </message>
+    <message>
+      <source>Edge</source>
+      <translation>Kante</translation>
+    </message>
+    <message>
+      <source>LabelCheck</source>
+      <translation>Etikettenprüfung</translation>
+    </message>
+    <message>
+      <source>LabelReader</source>
+      <translation>Etikettenleser</translation>
+    </message>
+    <message>
+      <source>Language</source>
+      <translation>Sprache</translation>
+    </message>
+    <message>
+      <source>Present</source>
+      <translation>Vorhanden</translation>
+    </message>
+    <message>
+      <source>SourceImage</source>
+      <translation>Quellbild</translation>
+    </message>
+    <message>
+      <source>Text</source>
+      <translation>Text</translation>
     </message>
   </context>
 </TS>

@@ -77,7 +77,7 @@
     <message>
       <location filename="../../dialogs/widgetsetdynamicgeneric.cpp" line="84" />
       <source>No linkable nodes found !</source>
-      <translation>Keine verknüpfbaren Knoten gefunden !</translation>
+      <translation>Keine Knoten verknüpfbar !</translation>
     </message>
   </context>
   <context>
