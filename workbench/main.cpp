@@ -3,6 +3,7 @@
 #include "workbenchwindow.h"
 
 #include "jobrunner.h"
+#include "plugincopy.h"
 #include "sdk/ditem.h"
 
 #include "sdk/wappsetting.h"
@@ -18,6 +19,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -62,6 +64,8 @@ int fail(const QString& message)
 
 int main(int argc, char* argv[])
 {
+    // The arguments as given, for a start again: the application takes out those it reads.
+    std::vector<char*> arguments(argv, argv + argc + 1);
     QApplication application(argc, argv);
     // Without a display there is no OpenGL for the Qt Quick parts of the dock.
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
@@ -110,16 +114,28 @@ int main(int argc, char* argv[])
         QStringLiteral("Loads the plug-in from <path> (default: $PROPERTYWIDGETS_PLUGIN, or the "
                        "library beside this program)."),
         QStringLiteral("path"), defaultPlugin);
+    const QCommandLineOption whichOption(
+        QStringLiteral("which-plugin"),
+        QStringLiteral("Prints the file of the plug-in that answers, and every copy of it in "
+                       "the process, then exits."));
     parser.addOptions({jobOption, languageOption, screenshotOption, selectOption, runOption,
-                       editOption, dialogOption, pluginOption});
+                       editOption, dialogOption, pluginOption, whichOption});
     parser.process(application);
 
+    QString error;
+    if (!PluginCopy::bUseOnly(parser.value(pluginOption), arguments.data(), &error))
+        return fail(error);
     prepareSettings();
     auto windowOwner = std::make_unique<WorkbenchWindow>();
     WorkbenchWindow& window = *windowOwner;
-    QString error;
     if (!window.bLoadPlugin(parser.value(pluginOption), &error))
         return fail(error);
+    if (parser.isSet(whichOption)) {
+        std::printf("plug-in: %s\n", qPrintable(window.sPluginFile()));
+        for (const QString& copy : PluginCopy::loadedCopies())
+            std::printf("copy: %s\n", qPrintable(copy));
+        return 0;
+    }
     const QString job
         = parser.isSet(jobOption) ? parser.value(jobOption) : WorkbenchWindow::sSampleJobPath();
     if (!window.bOpenJob(job, &error))

@@ -3,6 +3,7 @@
 #include "jobhost.h"
 #include "jobloader.h"
 #include "jobrunner.h"
+#include "plugincopy.h"
 #include "requestlog.h"
 
 #include "editors/baseeditor.h"
@@ -304,6 +305,13 @@ bool WorkbenchWindow::bSetLanguage(const QString& language)
     m_poEnglishAction->setChecked(language == QLatin1String("en"));
     m_poGermanAction->setChecked(language == QLatin1String("de"));
     return complete;
+}
+
+QString WorkbenchWindow::sPluginFile() const
+{
+    return m_poDescriptor
+        ? PluginCopy::sFileOf(reinterpret_cast<const void*>(m_poDescriptor->createFunction()))
+        : QString();
 }
 
 WidgetTree* WorkbenchWindow::poNavigator() const

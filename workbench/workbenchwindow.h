@@ -64,6 +64,8 @@ public:
     /// Switches the texts of the window and of the plug-in to @p language ("en" or "de").
     bool bSetLanguage(const QString& language);
 
+    /// The file of the plug-in whose descriptor made the dock, or empty before bLoadPlugin().
+    QString sPluginFile() const;
     /// The plug-in's dock widget, or null before bLoadPlugin().
     WidgetTree* poNavigator() const;
     /// The job.

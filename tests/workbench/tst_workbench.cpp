@@ -16,6 +16,7 @@
 #include <QDialog>
 #include <QDockWidget>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QToolTip>
 #include <QTreeWidget>
@@ -91,6 +92,8 @@ private slots:
     void screenshotOption();
     void editOptionsRefuseWhatIsNotThere_data();
     void editOptionsRefuseWhatIsNotThere();
+    void anotherBuildIsTheOnlyCopy_data();
+    void anotherBuildIsTheOnlyCopy();
     void pluginPathChoice_data();
     void pluginPathChoice();
 
@@ -480,6 +483,50 @@ void TestWorkbench::editOptionsRefuseWhatIsNotThere()
     QCOMPARE(errors, "workbench: " + message + '\n');
 }
 
+void TestWorkbench::anotherBuildIsTheOnlyCopy_data()
+{
+    QTest::addColumn<bool>("byOption");
+    QTest::newRow("--plugin-path") << true;
+    QTest::newRow("PROPERTYWIDGETS_PLUGIN") << false;
+}
+
+void TestWorkbench::anotherBuildIsTheOnlyCopy()
+{
+    QFETCH(bool, byOption);
+    m_poWindow.reset();
+    // Another build: the same library as a file elsewhere, under the name a build gives it.
+    QTemporaryDir other;
+    const QString copy = other.filePath(QStringLiteral("libpropertyWidgets.so"));
+    QVERIFY(QFile::copy(QStringLiteral(PLUGIN_PATH), copy));
+    const QString canonicalCopy = QFileInfo(copy).canonicalFilePath();
+    QProcess workbench;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                     m_oFolder.filePath(QStringLiteral("config")));
+    QStringList arguments {QStringLiteral("--which-plugin")};
+    if (byOption)
+        arguments << QStringLiteral("--plugin-path") << copy;
+    else
+        variables.insert(QStringLiteral("PROPERTYWIDGETS_PLUGIN"), copy);
+    workbench.setProcessEnvironment(variables);
+    workbench.start(QStringLiteral(WORKBENCH_PATH), arguments);
+    QVERIFY(workbench.waitForFinished(60000));
+    QVERIFY2(workbench.exitCode() == 0, workbench.readAllStandardError().constData());
+    // The copy answered, and it is the only one in the process: the workbench's own calls go
+    // to it as well.
+    const QStringList lines
+        = QString::fromLocal8Bit(workbench.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    QCOMPARE(lines, QStringList({"plug-in: " + canonicalCopy, "copy: " + canonicalCopy}));
+
+    // Without another build named, the linked library answers alone.
+    workbench.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    workbench.start(QStringLiteral(WORKBENCH_PATH), {QStringLiteral("--which-plugin")});
+    QVERIFY(workbench.waitForFinished(60000));
+    const QString linked = QFileInfo(QStringLiteral(PLUGIN_PATH)).canonicalFilePath();
+    QCOMPARE(QString::fromLocal8Bit(workbench.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts),
+             QStringList({"plug-in: " + linked, "copy: " + linked}));
+}
+
 void TestWorkbench::pluginPathChoice_data()
 {
     QTest::addColumn<QString>("environment");
@@ -492,6 +539,8 @@ void TestWorkbench::pluginPathChoice_data()
     QTest::newRow("the environment names the plug-in") << plugin << QString() << true;
     QTest::newRow("the command line wins") << missing << plugin << true;
     QTest::newRow("the command line names a missing library") << plugin << missing << false;
+    QTest::newRow("the command line names a library that is no plug-in")
+        << plugin << QStringLiteral(SDK_PATH) << false;
 }
 
 void TestWorkbench::pluginPathChoice()
@@ -513,8 +562,12 @@ void TestWorkbench::pluginPathChoice()
     workbench.start(QStringLiteral(WORKBENCH_PATH), arguments);
     QVERIFY(workbench.waitForFinished(60000));
     QCOMPARE(workbench.exitCode() == 0, loads);
-    if (!loads)
-        QVERIFY(workbench.readAllStandardError().contains("/nonexistent/libpropertyWidgets.so"));
+    // A refusal names the library it refused.
+    const QString refused = option.isEmpty() ? environment : option;
+    if (!loads) {
+        const QByteArray errors = workbench.readAllStandardError();
+        QVERIFY2(errors.contains(QFileInfo(refused).fileName().toLocal8Bit()), errors.constData());
+    }
 }
 
 QTEST_MAIN(TestWorkbench)
