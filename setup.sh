@@ -43,9 +43,10 @@ install_missing_packages() {
         apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
 
+# Builds the given targets, or everything.
 build() {
     cmake --preset default >/dev/null
-    cmake --build --preset default -j "$(nproc)"
+    cmake --build --preset default -j "$(nproc)" ${1:+--target "$@"}
 }
 
 case "${1:-}" in
@@ -56,7 +57,8 @@ test)
     ;;
 workbench)
     install_missing_packages
-    build
+    # The workbench links the plug-in and the host's libraries, so they come with it.
+    build workbench
     if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
         echo "No display found: saving a picture of the workbench to build/workbench.png instead."
         exec env QT_QPA_PLATFORM=offscreen build/bin/workbench --screenshot build/workbench.png "${@:2}"

@@ -13,6 +13,7 @@ function(pw_add_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE pw_testsupport Qt5::Test ${ARG_LIBRARIES})
+    target_precompile_headers(${name} REUSE_FROM pw_testsupport)
     add_test(NAME ${name} COMMAND ${name})
     set(env
         QT_QPA_PLATFORM=offscreen

@@ -7,6 +7,7 @@
 #include "editors/baseeditor.h"
 #include "property_model/widgetproperty.h"
 #include "property_model/wtreepropertybrowser.h"
+#include "sdk/command.h"
 #include "sdk/dialogautomation.h"
 #include "sdk/ditem.h"
 #include "sdk/wappsettings.h"
@@ -543,6 +544,28 @@ void verifyIntegerRowBuilt(BaseEditor* editor, const QString& objectName)
     QVERIFY(!slider->styleSheet().isEmpty());
     QCOMPARE(slider->styleSheet(), BaseEditor::commonStylesheet());
     QCOMPARE(editor->mode(), BaseEditor::ModeLocal);
+}
+
+/// Shows @p editor, types a number into its line edit and clicks near the right end of
+/// @p slider: exactly one edit leaves, the slider's, and the line edit keeps the focus, so
+/// leaving it afterwards sends nothing more. @p edits watches the row's manager.
+inline void verifyTypingThenClickingSendsOnce(QWidget* editor, QSlider* slider,
+                                              const QSignalSpy& edits)
+{
+    editor->resize(300, 60);
+    editor->show();
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    QLineEdit* edit = lineEditOf(editor);
+    edit->setFocus();
+    QTRY_VERIFY(edit->hasFocus());
+    TestSupport::retype(edit, QStringLiteral("42"));
+    QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(slider->width() - 3, slider->height() / 2));
+    QCOMPARE(edits.count(), 1);
+    QCOMPARE(edits.at(0).at(1).toInt(), int(VardeenDefs::PropertyEditor::SetValue));
+    QVERIFY(edits.at(0).at(2).toLongLong() > 90);
+    QVERIFY(edit->hasFocus());
+    edit->clearFocus();
+    QCOMPARE(edits.count(), 1);
 }
 
 } // namespace EditorTestSupport

@@ -65,6 +65,30 @@ int firstInkColumn(const QImage& image, const QRect& rect)
     return -1;
 }
 
+/// An icon that is red at 16 pixels and blue at 32: which colour is painted shows which pixmap
+/// was taken, where a small one scaled up would be blurry.
+QIcon twoSizeIcon()
+{
+    QPixmap small(16, 16);
+    small.fill(Qt::red);
+    QPixmap large(32, 32);
+    large.fill(Qt::blue);
+    QIcon icon;
+    icon.addPixmap(small);
+    icon.addPixmap(large);
+    return icon;
+}
+
+/// @p widget painted on white at the pixel ratio @p ratio.
+QImage renderedAt(QWidget* widget, qreal ratio)
+{
+    QImage image(widget->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    widget->render(&image);
+    return image;
+}
+
 } // namespace
 
 class TestRenderer : public QObject
@@ -245,25 +269,12 @@ void TestRenderer::iconsAreSharp()
     QFETCH(qreal, ratio);
     QFETCH(QColor, expected);
 
-    // Distinct colours per size show which pixmap was painted, where a scaled-up small one
-    // would be blurry.
-    QPixmap small(16, 16);
-    small.fill(Qt::red);
-    QPixmap large(32, 32);
-    large.fill(Qt::blue);
-    QIcon icon;
-    icon.addPixmap(small);
-    icon.addPixmap(large);
-    m_poManager->setValueIcon(icon);
+    m_poManager->setValueIcon(twoSizeIcon());
     m_poBrowser->setIconSize(QSize(16, 16));
     m_poBrowser->setCustomRenderer(nullptr);
     QTRY_VERIFY(cellRect(0, 1).height() >= 16);
 
-    QWidget* viewport = m_poView->viewport();
-    QImage image(viewport->size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    viewport->render(&image);
+    const QImage image = renderedAt(m_poView->viewport(), ratio);
     const QRect cell = cellRect(0, 1);
     // The icon is at the left of the value cell, vertically centred.
     const QPoint iconCentre(cell.left() + 3 + 8, cell.center().y());
@@ -296,11 +307,7 @@ void TestRenderer::nameTextStaysAboveTheStrip()
     const int strip = QtPropertyAbstractCustomRenderer::kNameStripHeight;
     QTRY_VERIFY(cellRect(0, 0).height() >= QFontMetrics(font).height() + strip);
 
-    QWidget* viewport = m_poView->viewport();
-    QImage image(viewport->size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    viewport->render(&image);
+    const QImage image = renderedAt(m_poView->viewport(), ratio);
     const QRect name = cellRect(0, 0);
     // The renderer here draws nothing under the names: any ink in the strip is text or icon.
     int inkAbove = 0;
@@ -326,24 +333,12 @@ void TestRenderer::propertyIconBeforeTheName_data()
 void TestRenderer::propertyIconBeforeTheName()
 {
     QFETCH(qreal, ratio);
-    // Red at the icon's size and blue at twice it, so a blurred stretch of the small one shows.
-    QPixmap small(16, 16);
-    small.fill(Qt::red);
-    QPixmap large(32, 32);
-    large.fill(Qt::blue);
-    QIcon icon;
-    icon.addPixmap(small);
-    icon.addPixmap(large);
-    m_poManager->setPropertyIcon(icon);
+    m_poManager->setPropertyIcon(twoSizeIcon());
     m_poBrowser->setIconSize(QSize(16, 16));
     m_poBrowser->setCustomRenderer(nullptr);
     QTRY_VERIFY(cellRect(0, 0).height() >= 16);
 
-    QWidget* viewport = m_poView->viewport();
-    QImage image(viewport->size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    viewport->render(&image);
+    QImage image = renderedAt(m_poView->viewport(), ratio);
     const QColor expected = ratio > 1 ? QColor(Qt::blue) : QColor(Qt::red);
     const QRect name = cellRect(0, 0);
     // The whole icon stands at the left of the name cell, vertically centred, and nowhere in
@@ -359,9 +354,7 @@ void TestRenderer::propertyIconBeforeTheName()
 
     // Without an icon the name starts where the icon stood.
     m_poManager->setPropertyIcon(QIcon());
-    m_poBrowser->update();
-    image.fill(Qt::white);
-    viewport->render(&image);
+    image = renderedAt(m_poView->viewport(), ratio);
     QVERIFY(image.pixelColor(QPoint(name.left() + 10, name.center().y()) * ratio) != expected);
 }
 

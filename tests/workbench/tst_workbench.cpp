@@ -83,6 +83,8 @@ private slots:
 private:
     /// Switches the language and waits until the window has taken it.
     bool bSwitchLanguage(const QString& language);
+    /// The environment of a workbench started by a test: its settings in the test's folder.
+    QProcessEnvironment workbenchEnvironment() const;
 
 private slots:
     void theWindowIsNotBlank();
@@ -219,6 +221,14 @@ void TestWorkbench::switchingTheLanguage()
     QCOMPARE(dock->windowTitle(), QStringLiteral("Job Tree"));
     QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
              QStringLiteral("Camera"));
+}
+
+QProcessEnvironment TestWorkbench::workbenchEnvironment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       m_oFolder.filePath(QStringLiteral("config")));
+    return environment;
 }
 
 bool TestWorkbench::bSwitchLanguage(const QString& language)
@@ -423,9 +433,7 @@ void TestWorkbench::screenshotOption()
     m_poWindow.reset();
     const QString file = m_oFolder.filePath(QStringLiteral("shot.png"));
     QProcess workbench;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                       m_oFolder.filePath(QStringLiteral("config")));
+    QProcessEnvironment environment = workbenchEnvironment();
     workbench.setProcessEnvironment(environment);
     workbench.start(
         QStringLiteral(WORKBENCH_PATH),
@@ -469,9 +477,7 @@ void TestWorkbench::editOptionsRefuseWhatIsNotThere()
     QFETCH(QString, message);
     m_poWindow.reset();
     QProcess workbench;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                     m_oFolder.filePath(QStringLiteral("config")));
+    QProcessEnvironment variables = workbenchEnvironment();
     workbench.setProcessEnvironment(variables);
     workbench.start(QStringLiteral(WORKBENCH_PATH),
                     {option, path, QStringLiteral("--screenshot"),
@@ -500,9 +506,7 @@ void TestWorkbench::anotherBuildIsTheOnlyCopy()
     QVERIFY(QFile::copy(QStringLiteral(PLUGIN_PATH), copy));
     const QString canonicalCopy = QFileInfo(copy).canonicalFilePath();
     QProcess workbench;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                     m_oFolder.filePath(QStringLiteral("config")));
+    QProcessEnvironment variables = workbenchEnvironment();
     QStringList arguments {QStringLiteral("--which-plugin")};
     if (byOption)
         arguments << QStringLiteral("--plugin-path") << copy;
@@ -519,7 +523,7 @@ void TestWorkbench::anotherBuildIsTheOnlyCopy()
     QCOMPARE(lines, QStringList({"plug-in: " + canonicalCopy, "copy: " + canonicalCopy}));
 
     // Without another build named, the linked library answers alone.
-    workbench.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    workbench.setProcessEnvironment(workbenchEnvironment());
     workbench.start(QStringLiteral(WORKBENCH_PATH), {QStringLiteral("--which-plugin")});
     QVERIFY(workbench.waitForFinished(60000));
     const QString linked = QFileInfo(QStringLiteral(PLUGIN_PATH)).canonicalFilePath();
@@ -550,9 +554,7 @@ void TestWorkbench::pluginPathChoice()
     QFETCH(bool, loads);
     m_poWindow.reset();
     QProcess workbench;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    variables.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                     m_oFolder.filePath(QStringLiteral("config")));
+    QProcessEnvironment variables = workbenchEnvironment();
     variables.insert(QStringLiteral("PROPERTYWIDGETS_PLUGIN"), environment);
     workbench.setProcessEnvironment(variables);
     QStringList arguments {QStringLiteral("--screenshot"),

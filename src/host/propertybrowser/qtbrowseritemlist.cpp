@@ -40,10 +40,10 @@ void QtBrowserItemList::insert(int row, QtBrowserItem* item)
         // The room is used up: the list grows, with the new room where the insertion goes.
         const int count = size();
         const int grown = std::max(kInitialSlots, 2 * count);
-        std::vector<QtBrowserItem*> slots(grown, nullptr);
-        std::copy(m_vSlots.begin(), m_vSlots.begin() + row, slots.begin());
-        std::copy(m_vSlots.begin() + row, m_vSlots.end(), slots.end() - (count - row));
-        m_vSlots.swap(slots);
+        std::vector<QtBrowserItem*> grownSlots(grown, nullptr);
+        std::copy(m_vSlots.begin(), m_vSlots.begin() + row, grownSlots.begin());
+        std::copy(m_vSlots.begin() + row, m_vSlots.end(), grownSlots.end() - (count - row));
+        m_vSlots.swap(grownSlots);
         m_iGapStart = row;
         m_iGapEnd = grown - (count - row);
     } else {

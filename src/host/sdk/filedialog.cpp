@@ -59,6 +59,8 @@ QUrl FileDialog::oRun(AcceptMode mode, const QString& title, const QString& sugg
         dialog.setDefaultSuffix(suffix);
     if (!suggestedName.isEmpty())
         dialog.selectFile(suggestedName);
+    // Room for the detail view's columns, which Qt's smallest size cuts to a few letters.
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(760, 460)));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty())
         return QUrl();
     return dialog.selectedUrls().constFirst();
