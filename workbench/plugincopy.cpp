@@ -20,6 +20,26 @@ QString canonical(const QString& path)
     return QFileInfo(path).canonicalFilePath();
 }
 
+// The files mapped into this process whose names start with @p prefix, once each.
+QStringList mappedFiles(const QString& prefix)
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    if (!maps.open(QIODevice::ReadOnly))
+        return {};
+    QSet<QString> files;
+    for (const QByteArray& line : maps.readAll().split('\n')) {
+        const int slash = line.indexOf('/');
+        if (slash < 0)
+            continue;
+        const QString file = QFile::decodeName(line.mid(slash));
+        if (QFileInfo(file).fileName().startsWith(prefix))
+            files.insert(canonical(file));
+    }
+    QStringList list = files.values();
+    list.sort();
+    return list;
+}
+
 } // namespace
 
 bool PluginCopy::bUseOnly(const QString& path, char** argv, QString* error)
@@ -40,9 +60,12 @@ bool PluginCopy::bUseOnly(const QString& path, char** argv, QString* error)
                      .arg(wanted, sLinkedFile());
         return false;
     }
-    const QByteArray preload = qgetenv("LD_PRELOAD");
-    qputenv("LD_PRELOAD",
-            QFile::encodeName(wanted) + (preload.isEmpty() ? QByteArray() : ':' + preload));
+    // A sanitizer build needs its runtime first among the libraries, before the plug-in.
+    QStringList preload = mappedFiles(QStringLiteral("libasan"));
+    preload << wanted;
+    if (qEnvironmentVariableIsSet("LD_PRELOAD"))
+        preload << qEnvironmentVariable("LD_PRELOAD");
+    qputenv("LD_PRELOAD", QFile::encodeName(preload.join(QLatin1Char(':'))));
     qputenv(kRestarted, "1");
     execv("/proc/self/exe", argv);
     *error = QStringLiteral("cannot start again with %1: %2").arg(wanted, qt_error_string(errno));
@@ -64,19 +87,5 @@ QString PluginCopy::sFileOf(const void* address)
 
 QStringList PluginCopy::loadedCopies()
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    if (!maps.open(QIODevice::ReadOnly))
-        return {};
-    QSet<QString> files;
-    for (const QByteArray& line : maps.readAll().split('\n')) {
-        const int slash = line.indexOf('/');
-        if (slash < 0)
-            continue;
-        const QString file = QFile::decodeName(line.mid(slash));
-        if (QFileInfo(file).fileName().startsWith(QLatin1String("libpropertyWidgets")))
-            files.insert(canonical(file));
-    }
-    QStringList list = files.values();
-    list.sort();
-    return list;
+    return mappedFiles(QStringLiteral("libpropertyWidgets"));
 }

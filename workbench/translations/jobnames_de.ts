@@ -45,7 +45,7 @@
     </message>
     <message>
       <source>State</source>
-      <translation>Zustand</translation>
+      <translation>Modulzustand</translation>
     </message>
     <message>
       <source>Module State</source>

@@ -23,8 +23,9 @@ class QtProperty;
 /// exactly one finds the flag false, whatever state earlier paints, full or partial, left.
 ///
 /// A name cell's lowest kNameStripHeight pixels are the renderer's, for what it draws under the
-/// name: the delegate lays the name and its icon out above them, and makes rows that much
-/// taller. This is an addition of this library, as the renderer itself is.
+/// name: the delegate lays the name and its icon out above them, the value on the same line,
+/// and makes rows that much taller. This is an addition of this library, as the renderer
+/// itself is.
 ///
 /// The class is not a QObject; a concrete renderer that also derives from QObject and has the
 /// browser as its parent lives as long as the browser, and the browser forgets it if it goes.

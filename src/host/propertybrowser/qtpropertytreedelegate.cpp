@@ -62,8 +62,8 @@ void QtPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
         const int calls = index.column() == 1 ? 2 : 1;
         for (int call = 0; call < calls; ++call)
             renderer->drawCustom(painter, cellOption, index, *this, property);
-        if (index.column() == 0)
-            footHeight = QtPropertyAbstractCustomRenderer::kNameStripHeight;
+        // The value's text keeps the name's line, so that both read as one row.
+        footHeight = QtPropertyAbstractCustomRenderer::kNameStripHeight;
     }
     paintCell(painter, cellOption, QtBrowserItemModel::displayText(item, index.column()),
               QtBrowserItemModel::decoration(item, index.column()), footHeight);
