@@ -19,6 +19,11 @@
 
 #include <QAbstractItemDelegate>
 #include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
@@ -47,6 +52,8 @@ const QString kDontBlockMe = QStringLiteral("DONT_BLOCK_ME");
 const int kRequestTimeout = 25000;
 // Keys of the request parameters the host reads.
 const int kParamKey = 953;
+// Locked look and hard lock together forbid editing nodes; either alone does not.
+const int kNoEditingMode = 0x1001;
 const int kNodePathKey = 956;
 
 // The pages of "editorAssistantPlaceHolder"; other code selects them by these numbers.
@@ -232,7 +239,13 @@ void WidgetTree::createAndConnectActions()
     actionCopyModule = new QAction(QObject::tr("Copy &Module"), nullptr);
     actionCopyValue = new QAction(QObject::tr("Copy Node Value to Clipboard"), nullptr);
 
+    connect(actionDelete, &QAction::triggered, this, &WidgetTree::deleteCurrentItem);
+    connect(actionDeleteProperty, &QAction::triggered, this, &WidgetTree::deleteProperty);
     connect(actionRename, &QAction::triggered, this, &WidgetTree::renameCurrentItem);
+    connect(actionVisible, &QAction::toggled, this, &WidgetTree::changeItemVisibility);
+    connect(actionUseColor, &QAction::toggled, this, &WidgetTree::changeUseColorVal);
+    connect(actionCopyPath, &QAction::triggered, this, &WidgetTree::copyItemPath);
+    connect(actionCopyValue, &QAction::triggered, this, &WidgetTree::copyItemValue);
 }
 
 void WidgetTree::resetActionTexts()
@@ -459,9 +472,178 @@ void WidgetTree::vPropertyEditorMouseEvent(QMouseEvent* event, QtBrowserItem* br
 {
     if (!browserItem)
         return;
+    if (event->button() == Qt::RightButton) {
+        const ItemVisibility::VisibilityInfo* visibility
+            = ItemVisibility::VisibilityInfo::instance();
+        const Script::DItem* node = PropertyBrowser::WidgetProperty::poNode(browserItem->property());
+        if (!visibility || visibility->isNormalView() || !isNodeEditingAllowed() || !node)
+            return;
+        const QString path = node->iDataPath();
+        auto* menu = new QMenu(propertyBrowser);
+        actionCopyPath->setData(path);
+        menu->addAction(actionCopyPath);
+        if (nodeIsBasicType(*node)) {
+            actionCopyValue->setData(extractStringFromBasicNode(*node));
+            menu->addAction(actionCopyValue);
+        }
+        if (node->property("iDeletable").toBool() && !path.contains(QLatin1String("Add New")))
+            menu->addAction(actionDeleteProperty);
+        {
+            const QSignalBlocker blocker(actionVisible);
+            actionVisible->setChecked(visibility->isVisible(path));
+        }
+        actionVisible->setData(path);
+        menu->addAction(actionVisible);
+        addUseColorAction(*menu, *node);
+        menu->popup(event->globalPos());
+        return;
+    }
     // One press opens the row's editor.
     if (event->button() == Qt::LeftButton && event->type() == QEvent::MouseButtonPress)
         propertyBrowser->editItem(browserItem);
+}
+
+void WidgetTree::addUseColorAction(QMenu& menu, const Script::DItem& node)
+{
+    if (node.ioType() != Script::DItem::IoOutput)
+        return;
+    actionUseColor->setData(QVariant::fromValue(&node));
+    menu.addAction(actionUseColor);
+    // Signals stay on: changeUseColorVal() finds the value equal and sends nothing.
+    actionUseColor->setChecked(node.property("IData.UseForColorMarking").toBool());
+}
+
+bool WidgetTree::isNodeEditingAllowed() const
+{
+    // Only the two flags together forbid; either alone still allows.
+    return (projectModeValue & kNoEditingMode) != kNoEditingMode;
+}
+
+void WidgetTree::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    QTreeWidgetItem* item = tree->currentItem();
+    if (!item || item == &addModuleItem
+        || item->data(0, WidgetTreeView::PhantomRole) == QVariant(QStringLiteral("Phantom")))
+        return;
+    // The position is taken as it comes, in this widget's coordinates: a menu opens only on
+    // the row that is current already.
+    if (tree->itemAt(event->pos()) != item || !isNodeEditingAllowed())
+        return;
+    const Script::DItem* node = tree->getDItem(*item);
+    if (!node)
+        return;
+    // Kept until the tree goes, as the menus of the tree always were.
+    auto* menu = new QMenu(tree);
+    actionVisible->setText(QObject::tr("&Visible"));
+    actionUseColor->setText(tr("&Use Value for Color Feedback"));
+    actionCopyPath->setText(tr("&Copy Node Path to Clipboard"));
+    actionCopyValue->setText(tr("Copy Node Value to Clipboard"));
+    const ItemVisibility::VisibilityInfo* visibility = ItemVisibility::VisibilityInfo::instance();
+    if (visibility && !visibility->isNormalView()) {
+        const QString path = node->iDataPath();
+        actionCopyPath->setData(path);
+        menu->addAction(actionCopyPath);
+        if (nodeIsBasicType(*node)) {
+            actionCopyValue->setData(extractStringFromBasicNode(*node));
+            menu->addAction(actionCopyValue);
+        }
+        if (node->isHidable()) {
+            actionVisible->setData(path);
+            menu->addAction(actionVisible);
+            const QSignalBlocker blocker(actionVisible);
+            actionVisible->setChecked(visibility->isVisible(path));
+        }
+    }
+    if (node->isRenamingAllowed()) {
+        actionRename->setText(QObject::tr("&Rename"));
+        menu->addAction(actionRename);
+    }
+    if (node->isDeletable()) {
+        actionDelete->setText(QObject::tr("&Delete"));
+        menu->addAction(actionDelete);
+    }
+    addUseColorAction(*menu, *node);
+    if (!tree->isInCopyMode())
+        menu->exec(event->globalPos());
+}
+
+void WidgetTree::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete && isNodeEditingAllowed() && tree->hasFocus()) {
+        deleteCurrentItem();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void WidgetTree::deleteCurrentItem()
+{
+    QTreeWidgetItem* item = tree->currentItem();
+    if (item == &addModuleItem) {
+        Utils::WMessageBox::warning(tr("The item is not deletable !"), QString(), nullptr);
+        return;
+    }
+    const Script::DItem* node = item ? tree->getDItem(*item) : nullptr;
+    if (!node)
+        return;
+    // No test of isDeletable(): the host's answer decides.
+    sendRequest(500, 521, WParam<QVariant>(QVariantList {node->iDataPath()}, kParamKey),
+                QVariant());
+    if (item == copiedItem)
+        copiedItem = nullptr;
+}
+
+void WidgetTree::deleteProperty()
+{
+    QtBrowserItem* item = propertyBrowser->currentItem();
+    QtProperty* property = item ? item->property() : nullptr;
+    if (!property)
+        return;
+    sendRequest(500, 521,
+                WParam<QVariant>(QVariantList {propertyBrowser->getPropertyPath(property)},
+                                 kParamKey),
+                QVariant());
+}
+
+void WidgetTree::changeItemVisibility(bool visible)
+{
+    // The data serves one toggle; the next menu sets it anew.
+    const QString path = actionVisible->data().toString();
+    actionVisible->setData(QString());
+    sendRequest(0, 528, WParam<QVariant>(QVariantList {path, visible}, kParamKey), QVariant());
+}
+
+void WidgetTree::changeUseColorVal(bool use)
+{
+    const auto* node = actionUseColor->data().value<const Script::DItem*>();
+    if (!node || node->property("IData.UseForColorMarking").toBool() == use)
+        return;
+    sendRequest(0, 556, WParam<QVariant>(QVariantList {node->iDataPath(), use}, kParamKey),
+                QVariant());
+}
+
+void WidgetTree::copyItemPath()
+{
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setText(actionCopyPath->data().toString(), QClipboard::Clipboard);
+    auto* data = new QMimeData;
+    const QByteArray bytes = clipboard->mimeData()->data(QStringLiteral("text/plain"));
+    data->setData(QStringLiteral("copyNodePath"), bytes);
+    data->setData(QStringLiteral("text/plain"), bytes);
+    clipboard->setMimeData(data);
+}
+
+void WidgetTree::copyItemValue()
+{
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setText(actionCopyValue->data().toString(), QClipboard::Clipboard);
+    auto* data = new QMimeData;
+    // The bytes of the text the action carries, the value, not of its label.
+    const QByteArray bytes = actionCopyValue->data().toString().toLatin1();
+    data->setData(QStringLiteral("copyNodeValue"), bytes);
+    data->setData(QStringLiteral("text/plain"), bytes);
+    clipboard->setMimeData(data);
 }
 
 void WidgetTree::renameCurrentItem()

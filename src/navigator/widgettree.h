@@ -22,6 +22,7 @@ class DisabledLookStyle;
 class QAction;
 class QMouseEvent;
 class QtBrowserItem;
+class QMenu;
 class QQuickWidget;
 class Ui_NavigatorWidgetLayout;
 class WidgetTreeView;
@@ -109,6 +110,10 @@ public:
     /// The "Add Module" row, for the host to place in the tree outside the job root's subtree.
     QTreeWidgetItem* poAddModuleItem();
 
+    /// Whether the project mode lets the user change nodes: false only with both the locked
+    /// look and the hard lock set.
+    bool isNodeEditingAllowed() const;
+
     /// Whether the module assistant or the welcome page is showing.
     bool isAssistantVisible() const;
     /// Whether the welcome page is showing.
@@ -141,6 +146,11 @@ public slots:
 protected:
     /// Translates the dock again on a change of language.
     void changeEvent(QEvent* event) override;
+    /// The tree's menu for the current row: copy path and value, visibility (expert view),
+    /// rename, delete and colour feedback, as the node allows.
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Delete asks the host to delete the current node.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private slots:
     void vNodePropertyEdited(const QString& nodePath, VardeenDefs::PropertyEditor::Command cmd,
@@ -160,6 +170,12 @@ private slots:
     void requestLoadFromFile(const QString& nodePath);
     void requestUnloadFile(const QString& nodePath);
     void renameCurrentItem();
+    void deleteCurrentItem();
+    void deleteProperty();
+    void changeItemVisibility(bool visible);
+    void changeUseColorVal(bool use);
+    void copyItemPath();
+    void copyItemValue();
     void itemWasChanged(QTreeWidgetItem* item, int column);
     void treeReqSlot();
     void showToolBox();
@@ -170,6 +186,7 @@ private:
     void createAndConnectActions();
     void retranslateWidget();
     void resetActionTexts();
+    void addUseColorAction(QMenu& menu, const Script::DItem& node);
     QVariant sendRequest(int category, int id, const WParam<QVariant>& param, QVariant reply);
     void showWelcome();
     void openAssistant();

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QTreeWidgetItemIterator>
 
 namespace Containers {
@@ -63,6 +64,32 @@ WidgetTreeView::WidgetTreeView(QWidget* parent)
 WidgetTreeView::~WidgetTreeView()
 {
     qApp->removeEventFilter(this);
+}
+
+void WidgetTreeView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        if (isInCopyMode()) {
+            restore(nullptr);
+            event->accept();
+            return;
+        }
+        break;
+    case Qt::Key_F2:
+        emit doEditModule();
+        event->accept();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (QTreeWidgetItem* item = currentItem();
+            item && item->data(0, AddModuleItemRole) == QVariant(kAddModuleItem))
+            emit showToolBox();
+        break;
+    default:
+        break;
+    }
+    QTreeWidget::keyPressEvent(event);
 }
 
 bool WidgetTreeView::eventFilter(QObject* watched, QEvent* event)

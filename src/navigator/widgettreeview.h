@@ -83,6 +83,9 @@ public slots:
     void restoreTreeView();
 
 protected:
+    /// Escape leaves copy mode, F2 asks to rename, Return or Enter on the "Add Module" row asks
+    /// for the tool box.
+    void keyPressEvent(QKeyEvent* event) override;
     /// Swallows tool tips anywhere in the application while copy mode is on.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
