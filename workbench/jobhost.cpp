@@ -79,6 +79,7 @@ JobHost::JobHost(JobModel& model, RequestLog& log, QObject* parent)
     connect(&m_oModel, &JobModel::nodesChanged, this, &JobHost::vRefreshNodes);
     connect(&m_oModel, &JobModel::visibilityChanged, this, &JobHost::vRefreshVisibility);
     connect(&m_oModel, &JobModel::structureChanged, this, &JobHost::vOnStructureChanged);
+    connect(&m_oModel, &JobModel::aboutToDelete, this, &JobHost::vRememberTree);
 }
 
 void JobHost::vAttach(WidgetTree* dock)
@@ -157,19 +158,34 @@ void JobHost::vScheduleFill()
     });
 }
 
+void JobHost::vRememberTree()
+{
+    WidgetTreeView* tree = poTree();
+    if (!tree || m_oRemembered)
+        return;
+    TreeState state;
+    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+        if ((*it)->isExpanded())
+            state.expanded.insert(nodePath(*it, *tree));
+    }
+    state.current = nodePath(tree->currentItem(), *tree);
+    state.firstFill = tree->topLevelItemCount() == 0;
+    m_oRemembered = state;
+}
+
 void JobHost::vFillTree()
 {
     m_bFillPending = false;
     WidgetTreeView* tree = poTree();
     if (!tree)
         return;
-    QSet<QString> expanded;
-    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
-        if ((*it)->isExpanded())
-            expanded.insert(nodePath(*it, *tree));
-    }
-    const QString current = nodePath(tree->currentItem(), *tree);
-    const bool firstFill = tree->topLevelItemCount() == 0;
+    // After a deletion the rows point to freed nodes: their state was read before.
+    vRememberTree();
+    const TreeState state = *m_oRemembered;
+    m_oRemembered.reset();
+    const QSet<QString>& expanded = state.expanded;
+    const QString& current = state.current;
+    const bool firstFill = state.firstFill;
 
     vClearTree();
     if (DItem* root = m_oModel.poRoot()) {

@@ -5,7 +5,10 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <QVariant>
+
+#include <optional>
 
 class JobModel;
 
@@ -63,6 +66,7 @@ private:
     QString sAssistant(bool visible, QVariant& reply);
     QString sShowAssistantHelp();
     void vClearTree();
+    void vRememberTree();
     void vRefreshNodes(const QList<Script::DItem*>& nodes);
     void vRefreshVisibility();
     void vOnViewModeChanged(int mode);
@@ -71,7 +75,16 @@ private:
 
     JobModel& m_oModel;
     RequestLog& m_oLog;
+    // What the job tree showed, by node path, to be shown again after a rebuild.
+    struct TreeState
+    {
+        QSet<QString> expanded;
+        QString current;
+        bool firstFill = false;
+    };
+
     QPointer<WidgetTree> m_poDock;
+    std::optional<TreeState> m_oRemembered;
     bool m_bFillPending = false;
     bool m_bAssistantWanted = false;
 };

@@ -405,6 +405,7 @@ bool JobModel::bDelete(const QString& path, QString* error)
     auto* parent = qobject_cast<DItem*>(node->parent());
     if (!node->isDeletable() || !parent || !parent->childNodes().contains(node))
         return refuse(error, QStringLiteral("%1 cannot be deleted").arg(path));
+    emit aboutToDelete();
     parent->vDeleteChildNode(node);
     vIndex();
     // Links into the deleted part have nothing to follow any more.

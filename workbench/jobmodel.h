@@ -70,6 +70,8 @@ signals:
     void visibilityChanged();
     /// Nodes were renamed or deleted; views that hold nodes must build them again.
     void structureChanged();
+    /// Nodes are about to be deleted: what views want to keep of them must be read now.
+    void aboutToDelete();
 
 private:
     Script::DItem* poSetValue(Script::DItem& node, const QVariant& params, QString* error);

@@ -76,6 +76,7 @@ private slots:
     void renamingAModule();
     void switchingTheLanguage();
     void openingAnotherJobReplacesBothTrees();
+    void deleteKeyRemovesAModule();
     void germanReachesEveryText();
     void germanLinkPanelTextFits();
     void cameraStateAndAssistantHelp();
@@ -256,6 +257,25 @@ void TestWorkbench::openingAnotherJobReplacesBothTrees()
     QVERIFY(browser->topLevelItems().isEmpty());
     QVERIFY(m_poWindow->bSelectNode(QStringLiteral("LabelCheck.Camera")));
     QCOMPARE(browser->topLevelItems().size(), 2);
+}
+
+void TestWorkbench::deleteKeyRemovesAModule()
+{
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Locator")));
+    tree().setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(m_poWindow.get()));
+    QTRY_VERIFY(tree().hasFocus());
+    QTest::keyClick(&tree(), Qt::Key_Delete);
+    QCOMPARE(requestsWithId(521), 1);
+    QVERIFY(!m_poWindow->model().poNode(QStringLiteral("BottleInspection.Locator")));
+    // The tree is built again once the request has returned; until then its rows still point
+    // to the deleted nodes, so only their texts are read here.
+    QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 4);
+    const QTreeWidgetItem* job = tree().topLevelItem(0);
+    QStringList modules;
+    for (int i = 0; i < job->childCount(); ++i)
+        modules << job->child(i)->text(0);
+    QCOMPARE(modules, QStringList({"Camera", "ImageFilter", "OCR", "Measurement"}));
 }
 
 void TestWorkbench::germanReachesEveryText()
