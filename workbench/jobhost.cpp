@@ -183,9 +183,6 @@ void JobHost::vFillTree()
     vRememberTree();
     const TreeState state = *m_oRemembered;
     m_oRemembered.reset();
-    const QSet<QString>& expanded = state.expanded;
-    const QString& current = state.current;
-    const bool firstFill = state.firstFill;
 
     vClearTree();
     if (DItem* root = m_oModel.poRoot()) {
@@ -195,15 +192,17 @@ void JobHost::vFillTree()
     }
     for (QTreeWidgetItemIterator it(tree); *it; ++it) {
         const QString path = nodePath(*it, *tree);
-        if (expanded.contains(path) || (firstFill && *it == tree->topLevelItem(0)))
+        if (state.expanded.contains(path) || (state.firstFill && *it == tree->topLevelItem(0)))
             (*it)->setExpanded(true);
-        if (!current.isEmpty() && path == current)
+        if (!state.current.isEmpty() && path == state.current)
             tree->setCurrentItem(*it);
     }
 }
 
 void JobHost::vDropJob()
 {
+    // What was remembered of the old job's tree means nothing for the next one.
+    m_oRemembered.reset();
     if (PropertyBrowser::WTreePropertyBrowser* browser = poBrowser())
         browser->clear();
     vClearTree();

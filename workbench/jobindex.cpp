@@ -32,3 +32,15 @@ QHash<QString, DItem*> jobIndex(DItem* root)
     }
     return nodes;
 }
+
+bool bLinkChainReaches(const DItem& from, const DItem& target, const QHash<QString, DItem*>& nodes)
+{
+    // A chain longer than the job has nodes has come back to where it has been.
+    int steps = 0;
+    for (const DItem* step = &from; step && steps <= nodes.size();
+         step = step->isLinked() ? nodes.value(step->linkedPath()) : nullptr, ++steps) {
+        if (step == &target)
+            return true;
+    }
+    return steps > nodes.size();
+}

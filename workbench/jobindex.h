@@ -12,4 +12,10 @@ class DItem;
 /// channels of its images, which are nodes of their own but no child nodes.
 QHash<QString, Script::DItem*> jobIndex(Script::DItem* root);
 
+/// Whether following the links from @p from, itself included, reaches @p target, with @p nodes
+/// the job's index. A chain that goes round in a circle without @p target reaches it when it
+/// comes back to @p from's chain, so the walk always ends.
+bool bLinkChainReaches(const Script::DItem& from, const Script::DItem& target,
+                       const QHash<QString, Script::DItem*>& nodes);
+
 #endif

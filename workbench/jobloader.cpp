@@ -572,14 +572,8 @@ bool JobBuilder::bCheckLinks(DItem* root)
             return bFail(tr("a node of type %1 cannot be linked to %2 of type %3")
                              .arg(node->iDataType(), target, source->iDataType()));
         }
-        // Following the chain from here must end; a chain longer than the job has nodes has
-        // come back to where it has been.
-        int steps = 0;
-        for (const DItem* step = source; step && step->isLinked();
-             step = nodes.value(step->linkedPath())) {
-            if (step == node || ++steps > nodes.size())
-                return bFail(tr("the links go round in a circle through %1").arg(target));
-        }
+        if (bLinkChainReaches(*source, *node, nodes))
+            return bFail(tr("the links go round in a circle through %1").arg(target));
     }
     return true;
 }
@@ -657,7 +651,7 @@ Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error,
             break;
         json.append(part);
         if (progress && size > 0)
-            progress(int(qMin<qint64>(50, json.size() * 50 / size)));
+            progress(int(qMin<qint64>(50, qint64(json.size()) * 50 / size)));
     }
     if (file.error() != QFileDevice::NoError) {
         if (error)

@@ -329,11 +329,8 @@ bool JobModel::bSetLink(DItem& node, const QString& target, QString* error)
         return refuse(error,
                       QStringLiteral("%1 cannot take a value of type %2")
                           .arg(node.iDataPath(), source->iDataType()));
-    for (DItem* step = source; step;
-         step = step->isLinked() ? poNode(step->linkedPath()) : nullptr) {
-        if (step == &node)
-            return refuse(error, QStringLiteral("the link would go round in a circle"));
-    }
+    if (bLinkChainReaches(*source, node, m_hNodes))
+        return refuse(error, QStringLiteral("the link would go round in a circle"));
     node.setLinked(true);
     node.setLinkedPath(target);
     return true;
@@ -453,11 +450,7 @@ bool JobModel::bRefreshNode(const QString& path)
             if (candidate == node || candidate->ioType() == DItem::IoInput)
                 continue;
             const bool compatible = canTakeValueOf(node->iDataType(), candidate->iDataType());
-            bool followsNode = false;
-            for (DItem* step = candidate; step && !followsNode;
-                 step = step->isLinked() ? poNode(step->linkedPath()) : nullptr)
-                followsNode = step == node;
-            if (!compatible || followsNode)
+            if (!compatible || bLinkChainReaches(*candidate, *node, m_hNodes))
                 continue;
             acceptable.first.append(candidate);
             for (QObject* up = candidate; qobject_cast<DItem*>(up); up = up->parent())

@@ -2,8 +2,8 @@
 
 QList<CustomCharacterMap::CharMapItem> CustomCharacterMap::iMapping;
 bool CustomCharacterMap::isInitialized = false;
-ushort CustomCharacterMap::iSymbolOf[128] = {};
-ushort CustomCharacterMap::iCharacterOf[0x22] = {};
+ushort CustomCharacterMap::iSymbolOf[kAsciiCount] = {};
+ushort CustomCharacterMap::iCharacterOf[kSymbolCount] = {};
 
 void CustomCharacterMap::initialize()
 {
@@ -33,8 +33,8 @@ void CustomCharacterMap::initialize()
         // The first row of a character or symbol is the one that counts.
         if (!iSymbolOf[row.character])
             iSymbolOf[row.character] = row.replacement;
-        if (!iCharacterOf[row.replacement - 0x2400])
-            iCharacterOf[row.replacement - 0x2400] = row.character;
+        if (!iCharacterOf[row.replacement - kFirstSymbol])
+            iCharacterOf[row.replacement - kFirstSymbol] = row.character;
     }
     isInitialized = true;
 }
@@ -48,53 +48,42 @@ QList<CustomCharacterMap::CharMapItem> CustomCharacterMap::getMapping()
 QChar CustomCharacterMap::toReplacementChar(QChar c)
 {
     initialize();
-    for (const CharMapItem& item : qAsConst(iMapping)) {
-        if (item.character.toChar() == c)
-            return item.replacement.toChar();
-    }
-    return c;
+    const ushort code = c.unicode();
+    return code < kAsciiCount && iSymbolOf[code] ? QChar(iSymbolOf[code]) : c;
 }
 
 QChar CustomCharacterMap::fromReplacementChar(QChar c)
 {
     initialize();
-    for (const CharMapItem& item : qAsConst(iMapping)) {
-        if (item.replacement.toChar() == c)
-            return item.character.toChar();
-    }
-    return c;
+    const int index = c.unicode() - kFirstSymbol;
+    return index >= 0 && index < kSymbolCount && iCharacterOf[index] ? QChar(iCharacterOf[index])
+                                                                       : c;
 }
 
 QString CustomCharacterMap::toDisplayString(const QString& text)
 {
     // One pass over the text: every character of the table lies below 128 and every symbol far
     // above, so a character's first row gives what the rows applied one after the other give.
-    initialize();
-    QString result = text;
-    QChar* out = nullptr;
-    for (int i = 0; i < text.size(); ++i) {
-        const ushort c = text.at(i).unicode();
-        if (c >= 128 || !iSymbolOf[c])
-            continue;
-        if (!out)
-            out = result.data();
-        out[i] = QChar(iSymbolOf[c]);
-    }
-    return result;
+    return mapped(text, toReplacementChar);
 }
 
 QString CustomCharacterMap::fromDisplayString(const QString& text)
 {
-    initialize();
+    return mapped(text, fromReplacementChar);
+}
+
+QString CustomCharacterMap::mapped(const QString& text, QChar (*map)(QChar))
+{
     QString result = text;
+    // The text is copied only when a character changes.
     QChar* out = nullptr;
     for (int i = 0; i < text.size(); ++i) {
-        const ushort c = text.at(i).unicode();
-        if (c < 0x2400 || c >= 0x2400 + 0x22 || !iCharacterOf[c - 0x2400])
+        const QChar c = map(text.at(i));
+        if (c == text.at(i))
             continue;
         if (!out)
             out = result.data();
-        out[i] = QChar(iCharacterOf[c - 0x2400]);
+        out[i] = c;
     }
     return result;
 }

@@ -41,10 +41,15 @@ public:
 private:
     static QList<CharMapItem> iMapping;
     static bool isInitialized;
-    // The table read the other way, for whole texts: symbol of each ASCII code (0: none), and
-    // character of each symbol from U+2400 (0: none).
-    static ushort iSymbolOf[128];
-    static ushort iCharacterOf[0x22];
+    static QString mapped(const QString& text, QChar (*map)(QChar));
+
+    // The table as two look-ups: the symbol of each ASCII code, and the character of each
+    // symbol from U+2400 on; 0 where the table has none.
+    static constexpr ushort kAsciiCount = 128;
+    static constexpr ushort kFirstSymbol = 0x2400;
+    static constexpr int kSymbolCount = 0x22;
+    static ushort iSymbolOf[kAsciiCount];
+    static ushort iCharacterOf[kSymbolCount];
 };
 
 #endif

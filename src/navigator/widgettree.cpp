@@ -478,22 +478,12 @@ void WidgetTree::vPropertyEditorMouseEvent(QMouseEvent* event, QtBrowserItem* br
         const Script::DItem* node = PropertyBrowser::WidgetProperty::poNode(browserItem->property());
         if (!visibility || visibility->isNormalView() || !isNodeEditingAllowed() || !node)
             return;
-        const QString path = node->iDataPath();
         auto* menu = new QMenu(propertyBrowser);
-        actionCopyPath->setData(path);
-        menu->addAction(actionCopyPath);
-        if (nodeIsBasicType(*node)) {
-            actionCopyValue->setData(extractStringFromBasicNode(*node));
-            menu->addAction(actionCopyValue);
-        }
-        if (node->property("iDeletable").toBool() && !path.contains(QLatin1String("Add New")))
+        addCopyActions(*menu, *node);
+        if (node->property("iDeletable").toBool()
+            && !node->iDataPath().contains(QLatin1String("Add New")))
             menu->addAction(actionDeleteProperty);
-        {
-            const QSignalBlocker blocker(actionVisible);
-            actionVisible->setChecked(visibility->isVisible(path));
-        }
-        actionVisible->setData(path);
-        menu->addAction(actionVisible);
+        addVisibleAction(*menu, *node, *visibility);
         addUseColorAction(*menu, *node);
         menu->popup(event->globalPos());
         return;
@@ -501,6 +491,26 @@ void WidgetTree::vPropertyEditorMouseEvent(QMouseEvent* event, QtBrowserItem* br
     // One press opens the row's editor.
     if (event->button() == Qt::LeftButton && event->type() == QEvent::MouseButtonPress)
         propertyBrowser->editItem(browserItem);
+}
+
+void WidgetTree::addCopyActions(QMenu& menu, const Script::DItem& node)
+{
+    actionCopyPath->setData(node.iDataPath());
+    menu.addAction(actionCopyPath);
+    if (nodeIsBasicType(node)) {
+        actionCopyValue->setData(extractStringFromBasicNode(node));
+        menu.addAction(actionCopyValue);
+    }
+}
+
+void WidgetTree::addVisibleAction(QMenu& menu, const Script::DItem& node,
+                                  const ItemVisibility::VisibilityInfo& visibility)
+{
+    actionVisible->setData(node.iDataPath());
+    menu.addAction(actionVisible);
+    // Showing the node's state is no request to change it.
+    const QSignalBlocker blocker(actionVisible);
+    actionVisible->setChecked(visibility.isVisible(node.iDataPath()));
 }
 
 void WidgetTree::addUseColorAction(QMenu& menu, const Script::DItem& node)
@@ -523,8 +533,7 @@ void WidgetTree::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
     QTreeWidgetItem* item = tree->currentItem();
-    if (!item || item == &addModuleItem
-        || item->data(0, WidgetTreeView::PhantomRole) == QVariant(QStringLiteral("Phantom")))
+    if (!item || WidgetTreeView::bHoldsNoNode(*item))
         return;
     // The position is taken as it comes, in this widget's coordinates: a menu opens only on
     // the row that is current already.
@@ -535,34 +544,17 @@ void WidgetTree::contextMenuEvent(QContextMenuEvent* event)
         return;
     // Kept until the tree goes, as the menus of the tree always were.
     auto* menu = new QMenu(tree);
-    actionVisible->setText(QObject::tr("&Visible"));
-    actionUseColor->setText(tr("&Use Value for Color Feedback"));
-    actionCopyPath->setText(tr("&Copy Node Path to Clipboard"));
-    actionCopyValue->setText(tr("Copy Node Value to Clipboard"));
+    resetActionTexts();
     const ItemVisibility::VisibilityInfo* visibility = ItemVisibility::VisibilityInfo::instance();
     if (visibility && !visibility->isNormalView()) {
-        const QString path = node->iDataPath();
-        actionCopyPath->setData(path);
-        menu->addAction(actionCopyPath);
-        if (nodeIsBasicType(*node)) {
-            actionCopyValue->setData(extractStringFromBasicNode(*node));
-            menu->addAction(actionCopyValue);
-        }
-        if (node->isHidable()) {
-            actionVisible->setData(path);
-            menu->addAction(actionVisible);
-            const QSignalBlocker blocker(actionVisible);
-            actionVisible->setChecked(visibility->isVisible(path));
-        }
+        addCopyActions(*menu, *node);
+        if (node->isHidable())
+            addVisibleAction(*menu, *node, *visibility);
     }
-    if (node->isRenamingAllowed()) {
-        actionRename->setText(QObject::tr("&Rename"));
+    if (node->isRenamingAllowed())
         menu->addAction(actionRename);
-    }
-    if (node->isDeletable()) {
-        actionDelete->setText(QObject::tr("&Delete"));
+    if (node->isDeletable())
         menu->addAction(actionDelete);
-    }
     addUseColorAction(*menu, *node);
     if (!tree->isInCopyMode())
         menu->exec(event->globalPos());
@@ -627,23 +619,25 @@ void WidgetTree::copyItemPath()
 {
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->setText(actionCopyPath->data().toString(), QClipboard::Clipboard);
-    auto* data = new QMimeData;
-    const QByteArray bytes = clipboard->mimeData()->data(QStringLiteral("text/plain"));
-    data->setData(QStringLiteral("copyNodePath"), bytes);
-    data->setData(QStringLiteral("text/plain"), bytes);
-    clipboard->setMimeData(data);
+    putOnClipboard(QStringLiteral("copyNodePath"),
+                   clipboard->mimeData()->data(QStringLiteral("text/plain")));
 }
 
 void WidgetTree::copyItemValue()
 {
-    QClipboard* clipboard = QGuiApplication::clipboard();
-    clipboard->setText(actionCopyValue->data().toString(), QClipboard::Clipboard);
-    auto* data = new QMimeData;
+    const QString value = actionCopyValue->data().toString();
+    QGuiApplication::clipboard()->setText(value, QClipboard::Clipboard);
     // The bytes of the text the action carries, the value, not of its label.
-    const QByteArray bytes = actionCopyValue->data().toString().toLatin1();
-    data->setData(QStringLiteral("copyNodeValue"), bytes);
+    putOnClipboard(QStringLiteral("copyNodeValue"), value.toLatin1());
+}
+
+void WidgetTree::putOnClipboard(const QString& format, const QByteArray& bytes)
+{
+    auto* data = new QMimeData;
+    data->setData(format, bytes);
     data->setData(QStringLiteral("text/plain"), bytes);
-    clipboard->setMimeData(data);
+    // The clipboard takes the data over.
+    QGuiApplication::clipboard()->setMimeData(data);
 }
 
 void WidgetTree::renameCurrentItem()

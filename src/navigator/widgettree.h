@@ -27,6 +27,10 @@ class QQuickWidget;
 class Ui_NavigatorWidgetLayout;
 class WidgetTreeView;
 
+namespace ItemVisibility {
+class VisibilityInfo;
+}
+
 namespace Script {
 class DItem;
 }
@@ -186,7 +190,11 @@ private:
     void createAndConnectActions();
     void retranslateWidget();
     void resetActionTexts();
+    void addCopyActions(QMenu& menu, const Script::DItem& node);
+    void addVisibleAction(QMenu& menu, const Script::DItem& node,
+                          const ItemVisibility::VisibilityInfo& visibility);
     void addUseColorAction(QMenu& menu, const Script::DItem& node);
+    static void putOnClipboard(const QString& format, const QByteArray& bytes);
     QVariant sendRequest(int category, int id, const WParam<QVariant>& param, QVariant reply);
     void showWelcome();
     void openAssistant();

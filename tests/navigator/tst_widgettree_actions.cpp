@@ -43,10 +43,10 @@ std::unique_ptr<WidgetTree> makeTree()
 }
 
 // The texts of a menu's entries, in their order.
-QStringList entriesOf(const QMenu& menu)
+QStringList textsOf(const QList<QAction*>& entries)
 {
     QStringList texts;
-    for (const QAction* action : menu.actions())
+    for (const QAction* action : entries)
         texts << action->text();
     return texts;
 }
@@ -96,9 +96,22 @@ private slots:
     void browserMenuDeletesTheProperty();
 
 private:
-    /// Opens the tree's context menu at @p item, which becomes current unless @p current says
-    /// otherwise, and returns the texts of its entries; empty when no menu came up.
-    QStringList treeMenuAt(QTreeWidgetItem* item, QTreeWidgetItem* current = nullptr);
+    /// What a context menu event did: whether the dock took it, and the entries of the menu
+    /// that came up, which is closed again; none when no menu came up.
+    struct MenuRun
+    {
+        bool accepted = false;
+        QList<QAction*> entries;
+    };
+
+    /// Sends the tree's context menu event at @p item, which becomes current unless
+    /// @p current says otherwise.
+    MenuRun openTreeMenu(QTreeWidgetItem* item, QTreeWidgetItem* current = nullptr);
+    /// The texts of the entries of the tree's menu at the current @p item.
+    QStringList treeMenuAt(QTreeWidgetItem* item) { return textsOf(openTreeMenu(item).entries); }
+    /// Sends a right press on the browser's @p item; the menu does not block, and is closed
+    /// again once its entries are read.
+    QList<QAction*> openBrowserMenu(QtBrowserItem* item);
     /// A node row below the root, made current.
     QTreeWidgetItem* addNode(const QString& path, Script::DItem::IoType ioType,
                              const QString& type = QStringLiteral("IDataBasicInt"));
@@ -147,27 +160,44 @@ QTreeWidgetItem* TestWidgetTreeActions::addNode(const QString& path,
     return item;
 }
 
-QStringList TestWidgetTreeActions::treeMenuAt(QTreeWidgetItem* item, QTreeWidgetItem* current)
+TestWidgetTreeActions::MenuRun TestWidgetTreeActions::openTreeMenu(QTreeWidgetItem* item,
+                                                                    QTreeWidgetItem* current)
 {
     m_poView->setCurrentItem(current ? current : item);
+    m_poHost->clear();
     // The position is read in the dock's coordinates; the view sits at the dock's top left.
     const QPoint pos = m_poView->visualItemRect(item).center();
-    QStringList entries;
-    bool shown = false;
-    QTimer::singleShot(0, this, [&] {
+    MenuRun run;
+    // Runs inside the menu's own loop when one came up; the menu is closed before anything is
+    // checked, so that no failure leaves it waiting.
+    QTimer::singleShot(0, this, [&run] {
         if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-            shown = true;
-            entries = entriesOf(*menu);
+            run.entries = menu->actions();
             menu->close();
         }
     });
     QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_poWidget->mapToGlobal(pos));
+    event.ignore();
     QApplication::sendEvent(m_poWidget.get(), &event);
-    if (!event.isAccepted())
-        entries << QStringLiteral("(not accepted)");
-    // A menu that did not come up leaves the timer for later; it must find nothing then.
+    run.accepted = event.isAccepted();
+    // Without a menu the timer is still due; it must find nothing then.
     QTest::qWait(1);
-    return shown ? entries : QStringList();
+    return run;
+}
+
+QList<QAction*> TestWidgetTreeActions::openBrowserMenu(QtBrowserItem* item)
+{
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(50, 50), Qt::RightButton,
+                      Qt::RightButton, Qt::NoModifier);
+    if (!QMetaObject::invokeMethod(m_poWidget.get(), "vPropertyEditorMouseEvent",
+                                   Q_ARG(QMouseEvent*, &press), Q_ARG(QtBrowserItem*, item)))
+        return {};
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        return {};
+    const QList<QAction*> entries = menu->actions();
+    menu->close();
+    return entries;
 }
 
 void TestWidgetTreeActions::treeMenuEntries_data()
@@ -221,8 +251,12 @@ void TestWidgetTreeActions::menuOnlyOnTheCurrentRow()
     QTreeWidgetItem* light = addNode(QStringLiteral("Module Application.Light"),
                                      Script::DItem::IoInput);
     // A right click on a row that is not current opens nothing, and is taken all the same.
-    QCOMPARE(treeMenuAt(light, camera), QStringList());
-    QVERIFY(!treeMenuAt(light).isEmpty());
+    const MenuRun notCurrent = openTreeMenu(light, camera);
+    QVERIFY(notCurrent.accepted);
+    QVERIFY(notCurrent.entries.isEmpty());
+    const MenuRun current = openTreeMenu(light);
+    QVERIFY(current.accepted);
+    QVERIFY(!current.entries.isEmpty());
 }
 
 void TestWidgetTreeActions::noMenuWhenEditingIsForbidden_data()
@@ -258,22 +292,10 @@ void TestWidgetTreeActions::visibilityEntrySendsOnce()
     const auto view = viewMode(VisibilityInfo::ExpertView);
     QTreeWidgetItem* item = addNode(kCamera, Script::DItem::IoInput);
     JobFixture::nodeOf(item)->setHidable(true);
-    QAction* visible = nullptr;
-    QTimer::singleShot(0, this, [&visible] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        for (QAction* action : menu->actions()) {
-            if (action->text() == QLatin1String("&Visible"))
-                visible = action;
-        }
-        // Opening the menu sets the check without a request.
-        QVERIFY(visible && visible->isChecked());
-        menu->close();
-    });
-    m_poView->setCurrentItem(item);
-    const QPoint pos = m_poView->visualItemRect(item).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_poWidget->mapToGlobal(pos));
-    QApplication::sendEvent(m_poWidget.get(), &event);
-    QVERIFY(visible);
+    QAction* visible = openTreeMenu(item).entries.value(2);
+    QVERIFY(visible && visible->text() == QLatin1String("&Visible"));
+    // Opening the menu set the check without a request.
+    QVERIFY(visible->isChecked());
     QVERIFY(m_poHost->requests().isEmpty());
     visible->toggle();
     QCOMPARE(m_poHost->ids(), QList<int> {528});
@@ -289,18 +311,12 @@ void TestWidgetTreeActions::visibilityEntrySendsOnce()
 void TestWidgetTreeActions::colourEntrySendsOnlyAChange()
 {
     QTreeWidgetItem* item = addNode(kCamera, Script::DItem::IoOutput);
-    Script::DItem* node = JobFixture::nodeOf(item);
-    node->setProperty("IData.UseForColorMarking", true);
-    QAction* colour = nullptr;
-    QTimer::singleShot(0, this, [&colour] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        colour = menu->actions().last();
-        menu->close();
-    });
-    const QPoint pos = m_poView->visualItemRect(item).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_poWidget->mapToGlobal(pos));
-    QApplication::sendEvent(m_poWidget.get(), &event);
-    QVERIFY(colour && colour->isChecked());
+    JobFixture::nodeOf(item)->setProperty("IData.UseForColorMarking", true);
+    const QList<QAction*> entries = openTreeMenu(item).entries;
+    QVERIFY(!entries.isEmpty());
+    QAction* colour = entries.last();
+    QCOMPARE(colour->text(), QStringLiteral("&Use Value for Color Feedback"));
+    QVERIFY(colour->isChecked());
     // Checking it from the node's state sent nothing: the value was the node's own.
     QVERIFY(m_poHost->requests().isEmpty());
     colour->setChecked(false);
@@ -326,15 +342,9 @@ void TestWidgetTreeActions::copyPathAndValue()
     const auto view = viewMode(VisibilityInfo::ExpertView);
     QTreeWidgetItem* item = addNode(kCamera, Script::DItem::IoInput);
     JobFixture::nodeOf(item)->setProperty("IDataNumeric.DynamicValue", -42);
-    QTimer::singleShot(0, this, [entry] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QAction* action = menu->actions().value(entry);
-        menu->close();
-        action->trigger();
-    });
-    const QPoint pos = m_poView->visualItemRect(item).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_poWidget->mapToGlobal(pos));
-    QApplication::sendEvent(m_poWidget.get(), &event);
+    QAction* action = openTreeMenu(item).entries.value(entry);
+    QVERIFY(action);
+    action->trigger();
     // Read back in the same process, in all three forms.
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     QVERIFY(data);
@@ -442,18 +452,10 @@ void TestWidgetTreeActions::browserMenu()
     node.setProperty("iDeletable", true);
     auto* browser = m_poWidget->findChild<WTreePropertyBrowser*>();
     browser->createPropertyItem(node, true);
-    QtBrowserItem* item = browser->topLevelItems().first();
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(50, 50),
-                      Qt::RightButton, Qt::RightButton, Qt::NoModifier);
-    QVERIFY(QMetaObject::invokeMethod(m_poWidget.get(), "vPropertyEditorMouseEvent",
-                                      Q_ARG(QMouseEvent*, &press), Q_ARG(QtBrowserItem*, item)));
     // The menu does not block: it is open when the call returns, and a right click opens no
     // editor.
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QCOMPARE(menu ? entriesOf(*menu) : QStringList(), entries);
+    QCOMPARE(textsOf(openBrowserMenu(browser->topLevelItems().first())), entries);
     QVERIFY(!WTreePropertyBrowser::propertyEditWidget);
-    if (menu)
-        menu->close();
     QVERIFY(m_poHost->requests().isEmpty());
     browser->clear();
 }
@@ -468,14 +470,8 @@ void TestWidgetTreeActions::browserMenuDeletesTheProperty()
     browser->createPropertyItem(node, true);
     QtBrowserItem* item = browser->topLevelItems().first();
     browser->setCurrentItem(item);
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(50, 50),
-                      Qt::RightButton, Qt::RightButton, Qt::NoModifier);
-    QVERIFY(QMetaObject::invokeMethod(m_poWidget.get(), "vPropertyEditorMouseEvent",
-                                      Q_ARG(QMouseEvent*, &press), Q_ARG(QtBrowserItem*, item)));
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    QAction* remove = menu->actions().value(2);
-    menu->close();
+    QAction* remove = openBrowserMenu(item).value(2);
+    QVERIFY(remove && remove->text() == QLatin1String("&Delete"));
     remove->trigger();
     QCOMPARE(m_poHost->ids(), QList<int> {521});
     QCOMPARE(m_poHost->requests().first().category, 500);

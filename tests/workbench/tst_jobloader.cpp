@@ -1,3 +1,4 @@
+#include "jobindex.h"
 #include "jobloader.h"
 #include "testsupport.h"
 
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <vector>
 
 using Script::DItem;
 
@@ -56,6 +58,8 @@ private slots:
     void acceptsWhatAHostHolds();
     void missingFile();
     void largeFileReportsProgress();
+    void linkChainsEnd_data();
+    void linkChainsEnd();
 };
 
 void TestJobLoader::initTestCase()
@@ -425,6 +429,40 @@ void TestJobLoader::largeFileReportsProgress()
     QVERIFY(!root);
     QVERIFY2(error.startsWith(path + QStringLiteral(": ")), qPrintable(error));
     QCOMPARE(told.last(), 100);
+}
+
+void TestJobLoader::linkChainsEnd_data()
+{
+    QTest::addColumn<QStringList>("links");
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<bool>("reaches");
+    // Each entry "x>y" links x to y; the walk starts at "a".
+    QTest::newRow("itself") << QStringList() << "a" << true;
+    QTest::newRow("along the chain") << QStringList({"a>b", "b>c"}) << "c" << true;
+    QTest::newRow("chain that ends first") << QStringList({"a>b"}) << "c" << false;
+    QTest::newRow("link to a node that is gone") << QStringList({"a>gone"}) << "c" << false;
+    QTest::newRow("a circle elsewhere ends the walk")
+        << QStringList({"a>b", "b>c", "c>b"}) << "d" << true;
+}
+
+void TestJobLoader::linkChainsEnd()
+{
+    QFETCH(QStringList, links);
+    QFETCH(QString, target);
+    QFETCH(bool, reaches);
+    QHash<QString, DItem*> nodes;
+    std::vector<std::unique_ptr<DItem>> owned;
+    for (const char* name : {"a", "b", "c", "d"}) {
+        owned.push_back(std::make_unique<DItem>(QString::fromLatin1(name),
+                                                QStringLiteral("IDataBasicInt")));
+        nodes.insert(owned.back()->iDataPath(), owned.back().get());
+    }
+    for (const QString& link : links) {
+        DItem* from = nodes.value(link.section('>', 0, 0));
+        from->setLinked(true);
+        from->setLinkedPath(link.section('>', 1));
+    }
+    QCOMPARE(bLinkChainReaches(*nodes.value("a"), *nodes.value(target), nodes), reaches);
 }
 
 QTEST_GUILESS_MAIN(TestJobLoader)
