@@ -55,6 +55,11 @@ const int kParamKey = 953;
 // Locked look and hard lock together forbid editing nodes; either alone does not.
 const int kNoEditingMode = 0x1001;
 const int kNodePathKey = 956;
+// Keys of a paste or move: the module, the row it goes after, and where relative to that row.
+const int kSourceKey = 625;
+const int kInsertionKey = 626;
+const int kPlacementKey = 627;
+const QString kAfter = QStringLiteral("after");
 
 // The pages of "editorAssistantPlaceHolder"; other code selects them by these numbers.
 const int kEditorPage = 0;
@@ -139,6 +144,8 @@ WidgetTree::WidgetTree(QWidget* parent, Qt::WindowFlags flags)
 WidgetTree::~WidgetTree()
 {
     cleanup();
+    // The tree's model outlives this part of the object while the children go.
+    disconnect(tree->model(), nullptr, this, nullptr);
     if (!showWelcomePage) {
         if (Settings::WAppSetting* group
             = Settings::WAppSettings::instance()->find_setting(kShowWindows))
@@ -192,6 +199,17 @@ void WidgetTree::connectWidgets()
     connect(tree, &QTreeWidget::itemChanged, this, &WidgetTree::itemWasChanged);
     connect(tree, &WidgetTreeView::showToolBox, this, &WidgetTree::showToolBox);
     connect(tree, &WidgetTreeView::doEditModule, this, &WidgetTree::renameCurrentItem);
+    connect(tree, &WidgetTreeView::checkTreeItem, this, &WidgetTree::checkTreeItem,
+            Qt::UniqueConnection);
+    connect(tree, &WidgetTreeView::insertNewItem, this, &WidgetTree::insertNewItem,
+            Qt::UniqueConnection);
+    connect(tree, &WidgetTreeView::pasteItem, this, &WidgetTree::pasteItem, Qt::UniqueConnection);
+    connect(tree, &WidgetTreeView::moveItem, this, &WidgetTree::moveItem, Qt::UniqueConnection);
+    // The marked row may go with any rebuild of the tree; the mark is then found again by path.
+    connect(tree->model(), &QAbstractItemModel::modelAboutToBeReset, this,
+            &WidgetTree::forgetMarkedRow);
+    connect(tree->model(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &WidgetTree::forgetMarkedRow);
 
     // Edits, link clicks and the editing state go to the host before the browser goes on.
     using Browser = PropertyBrowser::WTreePropertyBrowser;
@@ -246,6 +264,7 @@ void WidgetTree::createAndConnectActions()
     connect(actionUseColor, &QAction::toggled, this, &WidgetTree::changeUseColorVal);
     connect(actionCopyPath, &QAction::triggered, this, &WidgetTree::copyItemPath);
     connect(actionCopyValue, &QAction::triggered, this, &WidgetTree::copyItemValue);
+    connect(actionCopyModule, &QAction::triggered, this, &WidgetTree::copyItemAction);
 }
 
 void WidgetTree::resetActionTexts()
@@ -555,6 +574,8 @@ void WidgetTree::contextMenuEvent(QContextMenuEvent* event)
         menu->addAction(actionRename);
     if (node->isDeletable())
         menu->addAction(actionDelete);
+    if (node->isCopyable())
+        menu->addAction(actionCopyModule);
     addUseColorAction(*menu, *node);
     if (!tree->isInCopyMode())
         menu->exec(event->globalPos());
@@ -562,11 +583,140 @@ void WidgetTree::contextMenuEvent(QContextMenuEvent* event)
 
 void WidgetTree::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete && isNodeEditingAllowed() && tree->hasFocus()) {
+    const bool allowed = isNodeEditingAllowed() && tree->hasFocus();
+    const bool ctrlOnly = event->modifiers() == Qt::ControlModifier;
+    if (event->key() == Qt::Key_Delete && allowed) {
         deleteCurrentItem();
         return;
     }
+    if (event->key() == Qt::Key_C && ctrlOnly && allowed && !tree->isInCopyMode()) {
+        copyItem(false);
+        return;
+    }
+    if (event->key() == Qt::Key_V && ctrlOnly && allowed && !tree->isInCopyMode()) {
+        if (QTreeWidgetItem* marked = markedItem()) {
+            QTreeWidgetItem* current = tree->currentItem();
+            // On "Add Module", as for a drop there, the copy goes after the last module.
+            if (current && WidgetTreeView::bHoldsNoNode(*current))
+                current = tree->getItemAtPosOrLast(QPoint(-1, -1));
+            const Script::DItem* target = current ? tree->getDItem(*current) : nullptr;
+            if (target)
+                pasteItem(tree->getDItem(*marked)->iDataPath(), target->iDataPath());
+            return;
+        }
+    }
     QWidget::keyPressEvent(event);
+}
+
+QTreeWidgetItem* WidgetTree::markedItem()
+{
+    if (!copiedItem && !copiedPath.isEmpty())
+        copiedItem = poFindItem(copiedPath);
+    return copiedItem;
+}
+
+void WidgetTree::forgetMarkedRow()
+{
+    copiedItem = nullptr;
+}
+
+bool WidgetTree::checkTreeItem(const QString& moduleID, const QString& insertionPath)
+{
+    // In this mode no position is offered at all, and the view keeps what it showed last.
+    if (projectModeValue & Utils::ProjectMode::Locked)
+        return false;
+    const bool result
+        = sendRequest(0, 35, WParam<QVariant>(QVariantList {moduleID, insertionPath}, kParamKey),
+                      QVariant(false))
+              .toBool();
+    tree->setValidationResult(result);
+    return result;
+}
+
+void WidgetTree::insertNewItem(const QString& moduleID, const QString& insertionPath,
+                               QString moduleName)
+{
+    if (!checkTreeItem(moduleID, insertionPath))
+        return;
+    const QVariant left = sendRequest(
+        500, 520, WParam<QVariant>(QVariantList {moduleID, insertionPath}, kParamKey), QVariant());
+    tree->restoreTreeView();
+    sendRequest(0, 45, WParam<QVariant>(moduleName, kParamKey), left);
+}
+
+void WidgetTree::pasteItem(const QString& moduleID, const QString& insertionPath)
+{
+    if (!checkTreeItem(moduleID, insertionPath))
+        return;
+    QTreeWidgetItem* marked = markedItem();
+    const Script::DItem* source = marked ? tree->getDItem(*marked) : nullptr;
+    // Nothing marked, or the marked module is gone: there is nothing to paste.
+    if (!source)
+        return;
+    WRequest<QVariant> request(500, 531, WParam<QVariant>(source->iDataPath(), kSourceKey),
+                               WaitOnReply, kRequestTimeout);
+    request.addParam(WParam<QVariant>(insertionPath, kInsertionKey));
+    request.addParam(WParam<QVariant>(kAfter, kPlacementKey));
+    QVariant reply;
+    emit treeReq(request, reply);
+}
+
+void WidgetTree::moveItem(const QString& moduleID, const QString& insertionPath)
+{
+    if (!checkTreeItem(moduleID, insertionPath) || moduleID == insertionPath)
+        return;
+    WRequest<QVariant> request(500, 532, WParam<QVariant>(moduleID, kSourceKey), WaitOnReply,
+                               kRequestTimeout);
+    request.addParam(WParam<QVariant>(insertionPath, kInsertionKey));
+    request.addParam(WParam<QVariant>(kAfter, kPlacementKey));
+    QVariant reply;
+    emit treeReq(request, reply);
+
+    // The tree shows the move at once, whenever the host rebuilds it.
+    QTreeWidgetItem* top = tree->topLevelItem(0);
+    if (!top)
+        return;
+    int from = -1;
+    int to = -1;
+    for (int i = 0; i < top->childCount(); ++i) {
+        const QTreeWidgetItem* child = top->child(i);
+        const Script::DItem* node = tree->getDItem(*child);
+        if (!node)
+            continue;
+        if (from < 0 && node->iDataPath() == moduleID)
+            from = i;
+        if (to < 0 && node->iDataPath() == insertionPath)
+            to = i;
+    }
+    const QSignalBlocker blocker(tree);
+    if (from < 0)
+        return;
+    // The target is not corrected for the removal of the moved row, and the first row counts as
+    // the second; only an index past the end is brought back, or the row would be lost.
+    const int target = (to == 0 ? 1 : to) + 1;
+    QTreeWidgetItem* moved = top->takeChild(from);
+    top->insertChild(qMin(target, top->childCount()), moved);
+    tree->clearSelection();
+    moved->setSelected(true);
+    tree->setCurrentItem(moved);
+}
+
+void WidgetTree::copyItem(bool byMouse)
+{
+    QTreeWidgetItem* item = tree->currentItem();
+    const Script::DItem* node = item ? tree->getDItem(*item) : nullptr;
+    // Without a current module there is nothing to copy.
+    if (!node || !node->isCopyable())
+        return;
+    copiedItem = item;
+    copiedPath = node->iDataPath();
+    if (byMouse)
+        tree->enterCopyMode(node->iDataPath(), QIcon(node->iconPath()));
+}
+
+void WidgetTree::copyItemAction()
+{
+    copyItem(true);
 }
 
 void WidgetTree::deleteCurrentItem()
@@ -582,8 +732,10 @@ void WidgetTree::deleteCurrentItem()
     // No test of isDeletable(): the host's answer decides.
     sendRequest(500, 521, WParam<QVariant>(QVariantList {node->iDataPath()}, kParamKey),
                 QVariant());
-    if (item == copiedItem)
+    if (item == markedItem()) {
         copiedItem = nullptr;
+        copiedPath.clear();
+    }
 }
 
 void WidgetTree::deleteProperty()

@@ -153,7 +153,8 @@ protected:
     /// The tree's menu for the current row: copy path and value, visibility (expert view),
     /// rename, delete and colour feedback, as the node allows.
     void contextMenuEvent(QContextMenuEvent* event) override;
-    /// Delete asks the host to delete the current node.
+    /// Delete asks the host to delete the current node, Ctrl+C marks the current module for
+    /// copying, and Ctrl+V asks to paste the marked module after the current one.
     void keyPressEvent(QKeyEvent* event) override;
 
 private slots:
@@ -182,6 +183,13 @@ private slots:
     void copyItemValue();
     void itemWasChanged(QTreeWidgetItem* item, int column);
     void treeReqSlot();
+    bool checkTreeItem(const QString& moduleID, const QString& insertionPath);
+    void insertNewItem(const QString& moduleID, const QString& insertionPath,
+                       QString moduleName = QString());
+    void pasteItem(const QString& moduleID, const QString& insertionPath);
+    void moveItem(const QString& moduleID, const QString& insertionPath);
+    void copyItem(bool byMouse);
+    void copyItemAction();
     void showToolBox();
     void qmlSettingsSavedInfo();
 
@@ -195,6 +203,8 @@ private:
                           const ItemVisibility::VisibilityInfo& visibility);
     void addUseColorAction(QMenu& menu, const Script::DItem& node);
     static void putOnClipboard(const QString& format, const QByteArray& bytes);
+    QTreeWidgetItem* markedItem();
+    void forgetMarkedRow();
     QVariant sendRequest(int category, int id, const WParam<QVariant>& param, QVariant reply);
     void showWelcome();
     void openAssistant();
@@ -206,6 +216,8 @@ private:
     QQuickWidget* assistantWidget;
     std::unique_ptr<Ui_NavigatorWidgetLayout> ui;
     QTreeWidgetItem* copiedItem;
+    // The path of the marked module: the host may rebuild the rows, the mark stays on the node.
+    QString copiedPath;
     QAction* actionDelete;
     QAction* actionDeleteProperty;
     QAction* actionRename;

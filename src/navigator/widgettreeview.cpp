@@ -9,8 +9,16 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
 
 namespace Containers {
@@ -31,6 +39,40 @@ namespace {
 const QString kAddModuleItem = QStringLiteral("AddModuleItem");
 const QString kPhantom = QStringLiteral("Phantom");
 const QString kModulePrefix = QStringLiteral("Module Application.");
+// Every row but the preview fades, so that the preview stands out.
+const QString kFadingStyleSheet = QStringLiteral(
+    "QTreeWidget::item:!selected { color: rgba(0, 0, 0, 25%); background-color: transparent; }");
+
+// Ctrl+C and Ctrl+V belong to the dock; the item view would take Ctrl+C for its own copy.
+bool isDockShortcut(const QKeyEvent& event)
+{
+    return event.modifiers() == Qt::ControlModifier
+        && (event.key() == Qt::Key_C || event.key() == Qt::Key_V);
+}
+
+} // namespace
+
+const QString WidgetTreeView::kMoveFormat = QStringLiteral("application/x-teLumo-module-move");
+const QString WidgetTreeView::kAddFormat = QStringLiteral("application/x-teLumo-module-add");
+
+QString WidgetTreeView::payloadText(const QMimeData& data, const QString& format)
+{
+    const QByteArray bytes = data.data(format);
+    const int end = bytes.indexOf('\0');
+    // Our own drags write UTF-8; anything else decodes to replacement characters, harmlessly.
+    return QString::fromUtf8(end < 0 ? bytes : bytes.left(end));
+}
+
+namespace {
+
+// A module's own drag is a move; a drag from elsewhere is one only when it cannot be an
+// insertion, so that another program's payload of both formats inserts a module.
+bool isMoveDrag(const QDropEvent& event, const QObject* view)
+{
+    const QMimeData* data = event.mimeData();
+    return data && data->hasFormat(WidgetTreeView::kMoveFormat)
+        && (event.source() == view || !data->hasFormat(WidgetTreeView::kAddFormat));
+}
 
 } // namespace
 
@@ -59,11 +101,17 @@ WidgetTreeView::WidgetTreeView(QWidget* parent)
     qApp->installEventFilter(this);
     setMinimumSize(180, 180);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
+    // The host may empty the tree at any time; no pointer into it may outlive its rows.
+    connect(model(), &QAbstractItemModel::modelAboutToBeReset, this, &WidgetTreeView::forgetItems);
+    connect(model(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &WidgetTreeView::forgetRemovedItems);
 }
 
 WidgetTreeView::~WidgetTreeView()
 {
     qApp->removeEventFilter(this);
+    // The model goes with the widget's children, after this part of the object is gone.
+    disconnect(model(), nullptr, this, nullptr);
 }
 
 void WidgetTreeView::keyPressEvent(QKeyEvent* event)
@@ -87,9 +135,282 @@ void WidgetTreeView::keyPressEvent(QKeyEvent* event)
             emit showToolBox();
         break;
     default:
+        if (isDockShortcut(*event)) {
+            event->ignore();
+            return;
+        }
         break;
     }
     QTreeWidget::keyPressEvent(event);
+}
+
+void WidgetTreeView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && isInCopyMode()) {
+        if (!copyPositionValid) {
+            event->ignore();
+            return;
+        }
+        if (dropTarget && dropTarget == phantomItem)
+            dropTarget = itemAbove(phantomItem);
+        emit pasteItem(copiedModule, pathOf(dropTarget));
+        restore(nullptr);
+        return;
+    }
+    if (event->button() == Qt::LeftButton)
+        pressPos = QPoint(-1, -1);
+    QTreeWidgetItem* item = itemAt(event->pos());
+    if (item && item->data(0, AddModuleItemRole).toString() == kAddModuleItem) {
+        // Any press on the row is taken; only the left button asks for the tool box.
+        if (event->button() == Qt::LeftButton)
+            emit showToolBox();
+        return;
+    }
+    const Script::DItem* node = item ? getDItem(*item) : nullptr;
+    if (event->button() == Qt::LeftButton && node && node->isDraggable()
+        && item->parent() && item->parent() == topLevelItem(0))
+        pressPos = event->pos();
+    QTreeWidget::mousePressEvent(event);
+}
+
+void WidgetTreeView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (itemAt(event->pos()))
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+    if (isInCopyMode()) {
+        checkCopy(event->pos());
+        return;
+    }
+    // The item view's own drag and drag selection are never wanted: modules move by our drag.
+    if (pressPos.x() < 0 || pressPos.y() < 0 || !(event->buttons() & Qt::LeftButton))
+        return;
+    if ((event->pos() - pressPos).manhattanLength() < QApplication::startDragDistance())
+        return;
+    QTreeWidgetItem* item = itemAt(pressPos);
+    const Script::DItem* node = item ? getDItem(*item) : nullptr;
+    if (!node)
+        return;
+    dragIcon = item->data(0, Qt::DecorationRole).value<QIcon>();
+    auto* data = new QMimeData;
+    data->setData(kMoveFormat, node->iDataPath().toUtf8());
+    auto* drag = new QDrag(this);
+    drag->setMimeData(data);
+    if (!dragIcon.isNull())
+        drag->setPixmap(dragIcon.pixmap(iconSize()));
+    drag->exec(Qt::MoveAction);
+    // The press is used up, whether the drag was dropped or cancelled.
+    pressPos = QPoint(-1, -1);
+}
+
+void WidgetTreeView::enterEvent(QEvent* event)
+{
+    if (isInCopyMode())
+        QGuiApplication::setOverrideCursor(Qt::DragCopyCursor);
+    QTreeWidget::enterEvent(event);
+}
+
+void WidgetTreeView::leaveEvent(QEvent* event)
+{
+    QGuiApplication::restoreOverrideCursor();
+    QTreeWidget::leaveEvent(event);
+}
+
+void WidgetTreeView::dragEnterEvent(QDragEnterEvent* event)
+{
+    // A tool-box drag cannot start over a copy in progress.
+    if (isInCopyMode()) {
+        event->ignore();
+        return;
+    }
+    showOnlyModules();
+    const QMimeData* data = event->mimeData();
+    if (!data)
+        return;
+    if (data->hasFormat(kAddFormat)) {
+        dragStartPos = QPointF(qRound(event->posF().x()), qRound(event->posF().y()));
+        {
+            const QSignalBlocker blocker(this);
+            clearSelection();
+        }
+        if (data->hasImage())
+            dragIcon = QIcon(QPixmap::fromImage(qvariant_cast<QImage>(data->imageData())));
+        else if (!data->hasText())
+            dragIcon = QIcon();
+        event->acceptProposedAction();
+    } else if (data->hasFormat(kMoveFormat)) {
+        event->acceptProposedAction();
+    }
+}
+
+void WidgetTreeView::dragMoveEvent(QDragMoveEvent* event)
+{
+    const QMimeData* data = event->mimeData();
+    if (!data || (!data->hasFormat(kMoveFormat) && !data->hasFormat(kAddFormat)))
+        return;
+    QTreeWidgetItem* item = getItemAtPosOrLast(event->pos());
+    if (item && item == phantomItem)
+        item = dropTarget;
+    else
+        dropTarget = item;
+    if (!item)
+        return;
+    // The direction is judged against where the drag entered.
+    QTreeWidgetItem* next = event->posF().y() < dragStartPos.y() ? itemAbove(item) : itemBelow(item);
+    if (next)
+        scrollToItem(next, QAbstractItemView::EnsureVisible);
+    activeDragMove = event;
+    const QString path = pathOf(dropTarget);
+    // The check gets the translated id, and the drop passes it raw: the host expects both.
+    if (isMoveDrag(*event, this))
+        emit checkTreeItem(payloadText(*data, kMoveFormat), path);
+    else
+        emit checkTreeItem(
+            App::getTranslatedName(payloadText(*data, kAddFormat).section(QLatin1Char('@'), 0, 0)),
+            path);
+}
+
+void WidgetTreeView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    restore(nullptr);
+    event->accept();
+}
+
+void WidgetTreeView::dropEvent(QDropEvent* event)
+{
+    const QMimeData* data = event->mimeData();
+    if (!data)
+        return;
+    if (event->source() == this && data->hasFormat(kMoveFormat)
+        && (event->possibleActions() & Qt::MoveAction)) {
+        if (!dropTarget)
+            return;
+        if (dropTarget == phantomItem)
+            dropTarget = itemAbove(phantomItem);
+        emit moveItem(payloadText(*data, kMoveFormat), pathOf(dropTarget));
+        restore(nullptr);
+        event->accept();
+        return;
+    }
+    if (!data->hasFormat(kAddFormat)) {
+        // Nothing can be made of the drop; the tree must not stay collapsed.
+        restore(nullptr);
+        event->ignore();
+        return;
+    }
+    event->acceptProposedAction();
+    QTreeWidgetItem* item = getItemAtPosOrLast(event->pos());
+    if (item && item == phantomItem)
+        item = itemAbove(phantomItem);
+    // A payload without "@" names no module; its name is then empty.
+    const QStringList parts
+        = payloadText(*data, kAddFormat).split(QLatin1Char('@'), Qt::KeepEmptyParts, Qt::CaseSensitive);
+    // The dock restores the tree once the host has answered.
+    emit insertNewItem(parts.at(0), pathOf(item), parts.value(1));
+}
+
+void WidgetTreeView::setValidationResult(bool isValidPosition)
+{
+    QTreeWidgetItem* top = topLevelItem(0);
+    if (!top)
+        return;
+    if (!isValidPosition) {
+        if (activeDragMove)
+            activeDragMove->ignore();
+        else if (isInCopyMode())
+            copyPositionValid = false;
+        setCurrentItem(nullptr);
+        dropTarget = nullptr;
+        // The preview is kept for the next position, out of the tree.
+        if (phantomItem)
+            top->removeChild(phantomItem);
+        activeDragMove = nullptr;
+        return;
+    }
+    if (activeDragMove || isInCopyMode()) {
+        QString text;
+        if (activeDragMove) {
+            const QMimeData& data = *activeDragMove->mimeData();
+            text = isMoveDrag(*activeDragMove, this)
+                ? App::getTranslatedName(
+                    payloadText(data, kMoveFormat).remove(kModulePrefix, Qt::CaseSensitive))
+                : App::getTranslatedName(payloadText(data, kAddFormat).section(QLatin1Char('@'), 1, 1));
+            // Drops are taken where the host allows them, even after a refused position.
+            activeDragMove->acceptProposedAction();
+        } else {
+            text = App::getTranslatedName(copiedModule);
+            copyPositionValid = true;
+        }
+        placePhantom(text);
+    }
+    activeDragMove = nullptr;
+}
+
+void WidgetTreeView::placePhantom(const QString& text)
+{
+    QTreeWidgetItem* top = topLevelItem(0);
+    // Right after the drop target, at the front when the target is no module.
+    auto wantedIndex = [this, top] {
+        return dropTarget && dropTarget->parent() == top ? top->indexOfChild(dropTarget) + 1 : 0;
+    };
+    const QSignalBlocker blocker(this);
+    if (!phantomItem) {
+        // Made once per gesture, then moved, so that a drag costs no allocation per move.
+        phantomItem = new QTreeWidgetItem(QTreeWidgetItem::Type);
+        QFont font = this->font();
+        font.setWeight(QFont::Bold);
+        phantomItem->setData(0, Qt::FontRole, font);
+        phantomItem->setData(0, Qt::DecorationRole, dragIcon);
+        phantomItem->setData(0, PhantomRole, kPhantom);
+        top->insertChild(wantedIndex(), phantomItem);
+        setStyleSheet(kFadingStyleSheet);
+    } else if (phantomItem->parent() != top || top->indexOfChild(phantomItem) != wantedIndex()) {
+        // Moving the row is what costs; where it already stands it stays.
+        top->removeChild(phantomItem);
+        top->insertChild(wantedIndex(), phantomItem);
+    }
+    if (currentItem() != phantomItem)
+        setCurrentItem(phantomItem, 0);
+    phantomItem->setData(0, Qt::DisplayRole, text);
+}
+
+QString WidgetTreeView::pathOf(const QTreeWidgetItem* item) const
+{
+    const Script::DItem* node = item ? getDItem(*item) : nullptr;
+    // A row without a node, or no row, names no position; the host refuses the empty path.
+    return node ? node->iDataPath() : QString();
+}
+
+void WidgetTreeView::forgetItems()
+{
+    // The preview goes with the rows it is in; one out of the tree is still ours.
+    if (phantomItem && phantomItem->treeWidget() == this)
+        phantomItem = nullptr;
+    dropTarget = nullptr;
+    restoreItem = nullptr;
+    expandedItems.clear();
+}
+
+void WidgetTreeView::forgetRemovedItems(const QModelIndex& parent, int first, int last)
+{
+    auto within = [](const QTreeWidgetItem* item, const QTreeWidgetItem* removed) {
+        for (; item; item = item->parent()) {
+            if (item == removed)
+                return true;
+        }
+        return false;
+    };
+    for (int row = first; row <= last; ++row) {
+        const QTreeWidgetItem* removed = itemFromIndex(model()->index(row, 0, parent));
+        if (within(dropTarget, removed))
+            dropTarget = nullptr;
+        if (within(restoreItem, removed))
+            restoreItem = nullptr;
+        // The preview leaving on its own is our doing; below a removed row it goes with it.
+        if (phantomItem && phantomItem != removed && within(phantomItem, removed))
+            phantomItem = nullptr;
+    }
 }
 
 bool WidgetTreeView::eventFilter(QObject* watched, QEvent* event)
@@ -197,6 +518,8 @@ void WidgetTreeView::restore(QTreeWidgetItem* item)
     dragStartPos = QPointF(0, 0);
     pressPos = QPoint(-1, -1);
     dragIcon = QIcon();
+    // One layout after all rows are expanded again, instead of one per expanded row.
+    scheduleDelayedItemsLayout();
     vSetTreeExpandableState(invisibleRootItem(), false);
     expandedItems.clear();
     restoreItem = item;

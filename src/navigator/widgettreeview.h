@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 
 class QDragMoveEvent;
+class QMimeData;
 
 namespace Script {
 class DItem;
@@ -61,6 +62,14 @@ public:
     /// Asks whether the copied module may be placed at the row under @p pos.
     void checkCopy(QPoint pos);
 
+    /// The format of a module dragged inside the list; its payload is the module's path.
+    static const QString kMoveFormat;
+    /// The format of a new module dragged in from the host's tool box; its payload is the
+    /// module's id and name joined by "@".
+    static const QString kAddFormat;
+    /// The text of the payload of @p format in @p data, up to its first NUL byte.
+    static QString payloadText(const QMimeData& data, const QString& format);
+
 signals:
     /// Asks whether the module @p moduleID may be placed after @p insertionPath.
     void checkTreeItem(const QString& moduleID, const QString& insertionPath);
@@ -77,6 +86,9 @@ signals:
     void doEditModule();
 
 public slots:
+    /// Takes the host's answer on the position last asked about: a refused position hides the
+    /// preview row, an allowed one shows it there during a drag or in copy mode.
+    void setValidationResult(bool isValidPosition);
     /// Enters copy mode for the module at @p moduleName, previewed with @p icon.
     void enterCopyMode(const QString& moduleName, const QIcon& icon);
     /// Ends a drag or copy on the row below the drop target, where the host put the new module.
@@ -84,12 +96,35 @@ public slots:
 
 protected:
     /// Escape leaves copy mode, F2 asks to rename, Return or Enter on the "Add Module" row asks
-    /// for the tool box.
+    /// for the tool box; Ctrl+C and Ctrl+V are left to the dock.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Arms a drag on a movable module, asks for the tool box on the "Add Module" row, and in
+    /// copy mode places the copied module at an allowed position.
+    void mousePressEvent(QMouseEvent* event) override;
+    /// Sets the hover cursor, follows the pointer in copy mode and starts a module's drag.
+    void mouseMoveEvent(QMouseEvent* event) override;
+    /// Shows the copy cursor while copy mode is on.
+    void enterEvent(QEvent* event) override;
+    /// Gives the cursor back.
+    void leaveEvent(QEvent* event) override;
+    /// Collapses the tree to its modules for a module's drag.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    /// Asks the host about the position under the pointer.
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    /// Undoes the collapse.
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    /// Asks to move or insert the dragged module after the row under the pointer.
+    void dropEvent(QDropEvent* event) override;
     /// Swallows tool tips anywhere in the application while copy mode is on.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void placePhantom(const QString& text);
+    QString draggedModuleName(const QMimeData& data) const;
+    QString pathOf(const QTreeWidgetItem* item) const;
+    void forgetItems();
+    void forgetRemovedItems(const QModelIndex& parent, int first, int last);
+
     QTreeWidgetItem* restoreItem;
     QTreeWidgetItem* phantomItem;
     QIcon dragIcon;

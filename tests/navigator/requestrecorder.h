@@ -9,6 +9,8 @@
 #include <QPair>
 #include <QVariant>
 
+#include <functional>
+
 /// One request as the host received it.
 struct RecordedRequest
 {
@@ -37,12 +39,20 @@ public:
                 m_lRequests.append(recorded);
                 if (m_hashAnswers.contains(request.id))
                     reply = m_hashAnswers.value(request.id);
+                if (m_hashDeciders.contains(request.id))
+                    reply = m_hashDeciders.value(request.id)(recorded);
             },
             Qt::DirectConnection);
     }
 
     /// The host writes @p answer into the reply of every request with @p id.
     void answer(int id, const QVariant& answer) { m_hashAnswers.insert(id, answer); }
+    /// The host writes what @p decide makes of the request into the reply of every request
+    /// with @p id.
+    void answerWith(int id, const std::function<QVariant(const RecordedRequest&)>& decide)
+    {
+        m_hashDeciders.insert(id, decide);
+    }
     /// The requests received, oldest first.
     const QList<RecordedRequest>& requests() const { return m_lRequests; }
     /// The ids of the requests received, oldest first.
@@ -59,6 +69,7 @@ public:
 private:
     QList<RecordedRequest> m_lRequests;
     QHash<int, QVariant> m_hashAnswers;
+    QHash<int, std::function<QVariant(const RecordedRequest&)>> m_hashDeciders;
 };
 
 #endif

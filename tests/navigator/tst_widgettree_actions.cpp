@@ -36,6 +36,7 @@ using ItemVisibility::VisibilityInfo;
 namespace {
 
 const QString kCamera = QStringLiteral("Module Application.Camera");
+const QString kLight = QStringLiteral("Module Application.Light");
 
 std::unique_ptr<WidgetTree> makeTree()
 {
@@ -91,6 +92,12 @@ private slots:
     void deleteKey();
     void deleteOnTheAddModuleRowWarns();
     void viewKeys();
+    void copyModuleEntryEntersCopyMode();
+    void ctrlCThenCtrlVPastes();
+    void ctrlShiftCIsNoCopy();
+    void ctrlVWithoutAMarkIsNotTaken();
+    void deletingTheMarkedModuleClearsTheMark();
+    void markSurvivesARebuildOfTheRows();
     void browserMenu_data();
     void browserMenu();
     void browserMenuDeletesTheProperty();
@@ -115,6 +122,10 @@ private:
     /// A node row below the root, made current.
     QTreeWidgetItem* addNode(const QString& path, Script::DItem::IoType ioType,
                              const QString& type = QStringLiteral("IDataBasicInt"));
+    /// Two copyable modules, Camera and Light, with the tree focused and Camera current.
+    void addTwoModules();
+    /// Sends @p key with @p modifiers to the focused tree; returns whether anyone took it.
+    bool press(int key, Qt::KeyboardModifiers modifiers);
 
     std::unique_ptr<WidgetTree> m_poWidget;
     std::unique_ptr<JobFixture> m_poJob;
@@ -209,7 +220,7 @@ void TestWidgetTreeActions::treeMenuEntries_data()
     QTest::addColumn<QStringList>("entries");
 
     const QStringList all {"&Copy Node Path to Clipboard", "Copy Node Value to Clipboard",
-                           "&Visible", "&Rename", "&Delete"};
+                           "&Visible", "&Rename", "&Delete", "Copy &Module"};
     const QString colour = QStringLiteral("&Use Value for Color Feedback");
     QTest::newRow("expert view, input of a plain value")
         << true << int(Script::DItem::IoInput) << "IDataBasicInt" << true << all;
@@ -218,10 +229,10 @@ void TestWidgetTreeActions::treeMenuEntries_data()
         << all + QStringList {colour};
     QTest::newRow("expert view, a choice has no value to copy")
         << true << int(Script::DItem::IoInput) << "IDataBasicEnum" << true
-        << QStringList {all.at(0), all.at(2), all.at(3), all.at(4)};
+        << QStringList {all.at(0), all.at(2), all.at(3), all.at(4), all.at(5)};
     QTest::newRow("normal view: no path, value or visibility")
         << false << int(Script::DItem::IoOutput) << "IDataBasicInt" << true
-        << QStringList {all.at(3), all.at(4), colour};
+        << QStringList {all.at(3), all.at(4), all.at(5), colour};
     QTest::newRow("a node that allows nothing has an empty menu")
         << true << int(Script::DItem::IoInput) << "IDataBasicInt" << false
         << QStringList {all.at(0), all.at(1)};
@@ -241,6 +252,7 @@ void TestWidgetTreeActions::treeMenuEntries()
     node->setHidable(allowed);
     node->setRenamingAllowed(allowed);
     node->setDeletable(allowed);
+    node->setCopyable(allowed);
     QCOMPARE(treeMenuAt(item), entries);
 }
 
@@ -477,6 +489,119 @@ void TestWidgetTreeActions::browserMenuDeletesTheProperty()
     QCOMPARE(m_poHost->requests().first().category, 500);
     QCOMPARE(m_poHost->requests().first().params.first().first.toList(), QVariantList {path});
     browser->clear();
+}
+
+void TestWidgetTreeActions::addTwoModules()
+{
+    for (const QString& path : {kCamera, kLight}) {
+        Script::DItem* node = JobFixture::nodeOf(addNode(path, Script::DItem::IoNone));
+        node->setCopyable(true);
+        node->setDeletable(true);
+    }
+    m_poView->setCurrentItem(m_poWidget->poFindItem(kCamera));
+    m_poView->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(m_poWidget.get()));
+    QTRY_VERIFY(m_poView->hasFocus());
+    m_poHost->clear();
+}
+
+bool TestWidgetTreeActions::press(int key, Qt::KeyboardModifiers modifiers)
+{
+    // Sent as the application sends it: to the focused view, then up its parents while ignored.
+    QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(m_poView, &event);
+    return event.isAccepted();
+}
+
+void TestWidgetTreeActions::copyModuleEntryEntersCopyMode()
+{
+    addTwoModules();
+    QAction* copy = nullptr;
+    for (QAction* entry : openTreeMenu(m_poWidget->poFindItem(kCamera)).entries) {
+        if (entry->text() == QLatin1String("Copy &Module"))
+            copy = entry;
+    }
+    QVERIFY(copy);
+    copy->trigger();
+    QVERIFY(m_poView->isInCopyMode());
+    // The first position is asked at once.
+    QCOMPARE(m_poHost->ids().value(0), 35);
+    m_poView->restore(nullptr);
+}
+
+void TestWidgetTreeActions::ctrlCThenCtrlVPastes()
+{
+    addTwoModules();
+    m_poHost->answer(35, true);
+    QVERIFY(press(Qt::Key_C, Qt::ControlModifier));
+    // A mark only: nothing is asked or shown.
+    QVERIFY(m_poHost->requests().isEmpty());
+    QVERIFY(!m_poView->isInCopyMode());
+    m_poView->setCurrentItem(m_poWidget->poFindItem(kLight));
+    m_poHost->clear();
+    QVERIFY(press(Qt::Key_V, Qt::ControlModifier));
+    QList<int> ids = m_poHost->ids();
+    QCOMPARE(ids, (QList<int> {35, 531}));
+    const RecordedRequest& paste = m_poHost->requests().last();
+    QCOMPARE(paste.category, 500);
+    QCOMPARE(paste.params.value(0), qMakePair(QVariant(kCamera), 625));
+    QCOMPARE(paste.params.value(1), qMakePair(QVariant(kLight), 626));
+    QCOMPARE(paste.params.value(2), qMakePair(QVariant(QStringLiteral("after")), 627));
+    // The mark stays: a second paste goes out as well.
+    m_poHost->clear();
+    QVERIFY(press(Qt::Key_V, Qt::ControlModifier));
+    QCOMPARE(m_poHost->ids(), (QList<int> {35, 531}));
+}
+
+void TestWidgetTreeActions::ctrlShiftCIsNoCopy()
+{
+    addTwoModules();
+    m_poHost->answer(35, true);
+    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    m_poView->setCurrentItem(m_poWidget->poFindItem(kLight));
+    m_poHost->clear();
+    QVERIFY(!press(Qt::Key_V, Qt::ControlModifier));
+    QVERIFY(m_poHost->requests().isEmpty());
+}
+
+void TestWidgetTreeActions::ctrlVWithoutAMarkIsNotTaken()
+{
+    addTwoModules();
+    m_poHost->answer(35, true);
+    // Nobody takes the key, so it goes on to the dock's parents.
+    QVERIFY(!press(Qt::Key_V, Qt::ControlModifier));
+    QVERIFY(m_poHost->requests().isEmpty());
+}
+
+void TestWidgetTreeActions::deletingTheMarkedModuleClearsTheMark()
+{
+    addTwoModules();
+    m_poHost->answer(35, true);
+    QVERIFY(press(Qt::Key_C, Qt::ControlModifier));
+    QVERIFY(press(Qt::Key_Delete, Qt::NoModifier));
+    QCOMPARE(m_poHost->ids(), QList<int> {521});
+    m_poView->setCurrentItem(m_poWidget->poFindItem(kLight));
+    m_poHost->clear();
+    QVERIFY(!press(Qt::Key_V, Qt::ControlModifier));
+    QVERIFY(m_poHost->requests().isEmpty());
+}
+
+void TestWidgetTreeActions::markSurvivesARebuildOfTheRows()
+{
+    addTwoModules();
+    m_poHost->answer(35, true);
+    QVERIFY(press(Qt::Key_C, Qt::ControlModifier));
+    // The host builds the rows anew: the marked row is gone, its node is not.
+    QTreeWidgetItem* camera = m_poWidget->poFindItem(kCamera);
+    const QVariant address = camera->data(0, WidgetTreeView::NodeAddressRole);
+    delete camera;
+    auto* again = new QTreeWidgetItem(m_poJob->rootItem());
+    again->setData(0, WidgetTreeView::NodeAddressRole, address);
+    m_poView->setCurrentItem(m_poWidget->poFindItem(kLight));
+    m_poHost->clear();
+    QVERIFY(press(Qt::Key_V, Qt::ControlModifier));
+    QCOMPARE(m_poHost->ids(), (QList<int> {35, 531}));
+    QCOMPARE(m_poHost->requests().last().params.value(0), qMakePair(QVariant(kCamera), 625));
 }
 
 QTEST_MAIN(TestWidgetTreeActions)
