@@ -28,6 +28,8 @@ namespace {
 // Parameter keys of the requests.
 const int kKeyValue = 953;
 const int kKeyPath = 956;
+const int kKeySource = 625;
+const int kKeyInsertion = 626;
 
 QVariant paramValue(const WRequest<QVariant>& request, int key)
 {
@@ -181,8 +183,11 @@ void JobHost::vFillTree()
         return;
     // After a deletion the rows point to freed nodes: their state was read before.
     vRememberTree();
-    const TreeState state = *m_oRemembered;
+    TreeState state = *m_oRemembered;
     m_oRemembered.reset();
+    if (!m_sCurrentAfterFill.isEmpty())
+        state.current = m_sCurrentAfterFill;
+    m_sCurrentAfterFill.clear();
 
     vClearTree();
     if (DItem* root = m_oModel.poRoot()) {
@@ -283,8 +288,47 @@ QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
                                            : tr("No node at %1").arg(path);
     case 47:
         return sAssistant(value.toBool(), reply);
+    case 35: {
+        const QVariantList values = value.toList();
+        QString why;
+        const bool allowed = m_oModel.bCanPlace(values.value(0).toString(),
+                                                values.value(1).toString(), &why);
+        reply = allowed;
+        return allowed ? tr("Position allowed") : tr("Position refused: %1").arg(why);
+    }
+    case 45:
+        // The module the last insertion made becomes current once the tree is rebuilt.
+        m_sCurrentAfterFill = m_sInserted;
+        return tr("Inserted %1").arg(value.toString());
     case 50:
-        return tr("The workbench has no toolbox");
+        emit toolBoxRequested();
+        return tr("Tool box shown");
+    case 520: {
+        const QVariantList values = value.toList();
+        QString error;
+        m_sInserted = m_oModel.sInsertModule(values.value(0).toString(),
+                                             values.value(1).toString(), &error);
+        return m_sInserted.isEmpty() ? tr("Not inserted: %1").arg(error)
+                                     : tr("New module %1").arg(m_sInserted);
+    }
+    case 531: {
+        QString error;
+        const QString copy
+            = m_oModel.sPasteModule(paramValue(request, kKeySource).toString(),
+                                    paramValue(request, kKeyInsertion).toString(), &error);
+        if (copy.isEmpty())
+            return tr("Not copied: %1").arg(error);
+        m_sCurrentAfterFill = copy;
+        return tr("Copied to %1").arg(copy);
+    }
+    case 532: {
+        const QString moved = paramValue(request, kKeySource).toString();
+        QString error;
+        if (!m_oModel.bMoveModule(moved, paramValue(request, kKeyInsertion).toString(), &error))
+            return tr("Not moved: %1").arg(error);
+        m_sCurrentAfterFill = moved;
+        return tr("Moved %1").arg(moved);
+    }
     case 51:
         return sShowAssistantHelp();
     case 521: {

@@ -56,6 +56,8 @@ public slots:
 signals:
     /// A short text for the status bar about what the host just did.
     void statusMessage(const QString& text);
+    /// The plug-in asked for the tool box of modules.
+    void toolBoxRequested();
 
 private:
     QString sHandle(const WRequest<QVariant>& request, QVariant& reply);
@@ -87,6 +89,9 @@ private:
     std::optional<TreeState> m_oRemembered;
     bool m_bFillPending = false;
     bool m_bAssistantWanted = false;
+    // The module made by the last insertion, and the node to make current after the next fill.
+    QString m_sInserted;
+    QString m_sCurrentAfterFill;
 };
 
 #endif

@@ -77,6 +77,11 @@ class JobBuilder
 
 public:
     std::unique_ptr<DItem> poJob(const QJsonObject& job);
+    std::unique_ptr<DItem> poModule(const QJsonObject& module, const QString& parentPath)
+    {
+        m_sWhere = parentPath;
+        return poNode(module, parentPath, true);
+    }
     bool bCheckLinks(DItem* root);
     QString m_sError;
 
@@ -628,6 +633,16 @@ Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
 {
     QByteArray text = json;
     return poLoadText(text, error, Progress());
+}
+
+Script::DItem* JobLoader::poLoadModule(const QJsonObject& module, const QString& parentPath,
+                                       QString* error)
+{
+    JobBuilder builder;
+    std::unique_ptr<DItem> node = builder.poModule(module, parentPath);
+    if (error)
+        *error = node ? QString() : builder.m_sError;
+    return node.release();
 }
 
 Script::DItem* JobLoader::poLoadFile(const QString& path, QString* error,

@@ -2,6 +2,7 @@
 #define JOBLOADER_H
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 
 #include <functional>
@@ -27,6 +28,12 @@ public:
     /// Reads the file at @p path and loads it as poLoad() does, telling @p progress as it goes.
     static Script::DItem* poLoadFile(const QString& path, QString* error,
                                      const Progress& progress = Progress());
+
+    /// Builds the module described by @p module below the node at @p parentPath, with its
+    /// nodes; returns it, owned by the caller, or null with the reason in @p error. Links are
+    /// not checked: they may point anywhere in the job it joins.
+    static Script::DItem* poLoadModule(const QJsonObject& module, const QString& parentPath,
+                                       QString* error);
 
     JobLoader() = delete;
 };

@@ -1,6 +1,8 @@
 #include "jobmodel.h"
 
 #include "jobindex.h"
+#include "jobloader.h"
+#include "modulecatalog.h"
 #include "nodetypes.h"
 
 #include "sdk/binaryitem.h"
@@ -108,6 +110,7 @@ JobModel::~JobModel() = default;
 
 void JobModel::setJob(DItem* root)
 {
+    vForgetHistory();
     m_oScene.setRootItem(root);
     vIndex();
     vFollowLinks();
@@ -186,7 +189,11 @@ void JobModel::vFollowLinks()
         if (settled.contains(node))
             return;
         settled.insert(node);
-        DItem* source = node->isLinked() ? poNode(node->linkedPath()) : nullptr;
+        if (!node->isLinked())
+            return;
+        DItem* source = poNode(node->linkedPath());
+        // A link into a deleted part of the job stays, in error, until an undo brings it back.
+        node->setLinkError(!source);
         if (!source)
             return;
         settle(source);
@@ -388,6 +395,8 @@ bool JobModel::bRename(DItem* node, const QString& name, QString* error)
     }
     node->setUnTranslatedName(trimmed);
     node->setProperty("IData.Description", trimmed);
+    // A name taken back by an undo could now belong to another node.
+    vForgetHistory();
     vIndex();
     vFollowLinks();
     emit structureChanged();
@@ -402,16 +411,268 @@ bool JobModel::bDelete(const QString& path, QString* error)
     auto* parent = qobject_cast<DItem*>(node->parent());
     if (!node->isDeletable() || !parent || !parent->childNodes().contains(node))
         return refuse(error, QStringLiteral("%1 cannot be deleted").arg(path));
-    emit aboutToDelete();
-    parent->vDeleteChildNode(node);
-    vIndex();
-    // Links into the deleted part have nothing to follow any more.
-    for (DItem* each : qAsConst(m_hNodes)) {
-        if (each->isLinked() && !m_hNodes.contains(each->linkedPath()))
-            bSetLink(*each, QString(), nullptr);
+    QList<DItem*> children = parent->childNodes();
+    children.removeOne(node);
+    vChange(parent, children);
+    return true;
+}
+
+DItem* JobModel::poModule(const QString& path) const
+{
+    DItem* node = poNode(path);
+    return node && poRoot() && node->parent() == poRoot() ? node : nullptr;
+}
+
+int JobModel::moduleIndexAfter(const QString& insertionPath) const
+{
+    if (!poRoot())
+        return -1;
+    if (insertionPath == poRoot()->iDataPath())
+        return 0;
+    const DItem* target = poModule(insertionPath);
+    return target ? poRoot()->childNodes().indexOf(const_cast<DItem*>(target)) + 1 : -1;
+}
+
+bool JobModel::bCanPlace(const QString& moduleId, const QString& insertionPath, QString* why) const
+{
+    const int index = moduleIndexAfter(insertionPath);
+    if (index < 0)
+        return refuse(why, QStringLiteral("%1 is no place for a module").arg(insertionPath));
+    DItem* moved = poModule(moduleId);
+    const QString kind
+        = moved ? moved->property(ModuleCatalog::kTypeKey).toString() : moduleId;
+    const ModuleCatalog::Entry* entry = ModuleCatalog::find(kind);
+    if (!moved && !entry)
+        return refuse(why, QStringLiteral("%1 is no module and no kind of module").arg(moduleId));
+
+    // The module list as it would be: a move leaves its old place, anything else is added.
+    QList<const DItem*> order;
+    for (const DItem* module : poRoot()->childNodes())
+        order.append(module);
+    int at = index;
+    if (moved && order.indexOf(moved) < index)
+        --at;
+    if (moved)
+        order.removeOne(moved);
+    auto isCamera = [](const DItem* module) {
+        const ModuleCatalog::Entry* kindOf
+            = ModuleCatalog::find(module->property(ModuleCatalog::kTypeKey).toString());
+        return kindOf && kindOf->acquisition;
+    };
+    const bool cameraBefore = std::any_of(order.cbegin(), order.cbegin() + at, isCamera);
+    if (entry && entry->acquisition) {
+        // The first camera would have other modules before it.
+        if (at > 0 && !cameraBefore)
+            return refuse(why, QStringLiteral("a camera must come before every other module"));
+    } else if (!cameraBefore && std::any_of(order.cbegin() + at, order.cend(), isCamera)) {
+        return refuse(why, QStringLiteral("nothing may come before the first camera"));
     }
+    if (!moved && entry->unique) {
+        const bool present = std::any_of(order.cbegin(), order.cend(), [&](const DItem* m) {
+            return m->property(ModuleCatalog::kTypeKey).toString() == entry->id;
+        });
+        if (present)
+            return refuse(why, QStringLiteral("a job has one %1 module only").arg(entry->name));
+    }
+    return true;
+}
+
+QString JobModel::sFreeModuleName(const QString& base) const
+{
+    const QString prefix = poRoot()->iDataPath() + QLatin1Char('.');
+    QString name = base;
+    for (int number = 2; m_hNodes.contains(prefix + name); ++number)
+        name = base + QString::number(number);
+    return name;
+}
+
+QString JobModel::sInsertModule(const QString& kindId, const QString& insertionPath,
+                                QString* error)
+{
+    QString why;
+    if (!poRoot() || !bCanPlace(kindId, insertionPath, &why)) {
+        refuse(error, why.isEmpty() ? QStringLiteral("no job") : why);
+        return QString();
+    }
+    const ModuleCatalog::Entry* entry = ModuleCatalog::find(kindId);
+    if (!entry) {
+        refuse(error, QStringLiteral("%1 is no kind of module").arg(kindId));
+        return QString();
+    }
+    QJsonObject description = entry->nodes;
+    description.insert(QStringLiteral("name"), sFreeModuleName(entry->name));
+    DItem* module = JobLoader::poLoadModule(description, poRoot()->iDataPath(), error);
+    if (!module)
+        return QString();
+    module->setParent(&m_oDetached);
+    QList<DItem*> children = poRoot()->childNodes();
+    children.insert(moduleIndexAfter(insertionPath), module);
+    vChange(poRoot(), children);
+    return module->iDataPath();
+}
+
+namespace {
+
+// A copy of @p source and everything below it at @p path; links into the copied module at
+// @p from go to the same nodes of the copy at @p to.
+DItem* cloneNode(const DItem& source, const QString& path, const QString& from, const QString& to)
+{
+    DItem* copy = nullptr;
+    if (const auto* image = qobject_cast<const Image*>(&source)) {
+        auto* copiedImage = new Image(path, source.ioType());
+        copiedImage->setQImage(image->sourceImage());
+        copy = copiedImage;
+    } else if (const auto* binary = qobject_cast<const Script::BinaryItem*>(&source)) {
+        auto* copiedBinary = new Script::BinaryItem(path, source.iDataType(), source.ioType());
+        copiedBinary->setBinaryData(binary->binaryData());
+        copy = copiedBinary;
+    } else {
+        copy = new DItem(path, source.iDataType(), source.ioType());
+    }
+    // Lists of nodes name the original's; the job works them out again.
+    static const QSet<QByteArray> kNotCopied {"IData.Children", "IData.LinksToMe",
+                                              "IData.AcceptableLinks"};
+    for (const QByteArray& key : source.dynamicPropertyNames()) {
+        if (!kNotCopied.contains(key))
+            copy->setProperty(key.constData(), source.property(key.constData()));
+    }
+    copy->setUnTranslatedName(path.section(QLatin1Char('.'), -1));
+    copy->setErrorState(source.hasErrorState());
+    copy->setInitialized(source.isInitialized());
+    copy->setEditable(source.isEditable());
+    copy->setDeletable(source.isDeletable());
+    copy->setCopyable(source.isCopyable());
+    copy->setDraggable(source.isDraggable());
+    copy->setHidable(source.isHidable());
+    copy->setRenamingAllowed(source.isRenamingAllowed());
+    copy->setOutOfRangeCounter(source.outOfRangeCounter());
+    copy->setIconPath(source.iconPath());
+    copy->setLinkable(source.isLinkable());
+    copy->setLinked(source.isLinked());
+    const QString link = source.linkedPath();
+    copy->setLinkedPath(link.startsWith(from + QLatin1Char('.')) ? to + link.mid(from.size()) : link);
+    copy->setLinkError(source.hasLinkError());
+    for (const DItem* child : source.childNodes())
+        copy->vAddChildNode(cloneNode(*child, path + child->iDataPath().mid(source.iDataPath().size()),
+                                      from, to));
+    return copy;
+}
+
+} // namespace
+
+QString JobModel::sPasteModule(const QString& sourcePath, const QString& insertionPath,
+                               QString* error)
+{
+    const DItem* source = poModule(sourcePath);
+    if (!source || !source->isCopyable()) {
+        refuse(error, QStringLiteral("%1 is no module that can be copied").arg(sourcePath));
+        return QString();
+    }
+    // The copy is a new module of the same kind; the placing rules treat it as one.
+    const QString kind = source->property(ModuleCatalog::kTypeKey).toString();
+    QString why;
+    if (!bCanPlace(ModuleCatalog::find(kind) ? kind : sourcePath, insertionPath, &why)) {
+        refuse(error, why);
+        return QString();
+    }
+    const QString path = poRoot()->iDataPath() + QLatin1Char('.')
+        + sFreeModuleName(source->unTranslatedName());
+    DItem* copy = cloneNode(*source, path, sourcePath, path);
+    copy->setProperty("IData.Description", copy->unTranslatedName());
+    copy->setParent(&m_oDetached);
+    QList<DItem*> children = poRoot()->childNodes();
+    children.insert(moduleIndexAfter(insertionPath), copy);
+    vChange(poRoot(), children);
+    return path;
+}
+
+bool JobModel::bMoveModule(const QString& path, const QString& insertionPath, QString* error)
+{
+    DItem* module = poModule(path);
+    if (!module)
+        return refuse(error, QStringLiteral("%1 is no module").arg(path));
+    if (!module->isDraggable())
+        return refuse(error, QStringLiteral("%1 cannot be moved").arg(path));
+    QString why;
+    if (!bCanPlace(path, insertionPath, &why))
+        return refuse(error, why);
+    if (path == insertionPath)
+        return true;
+    QList<DItem*> children = poRoot()->childNodes();
+    int at = moduleIndexAfter(insertionPath);
+    if (children.indexOf(module) < at)
+        --at;
+    children.removeOne(module);
+    children.insert(at, module);
+    if (children != poRoot()->childNodes())
+        vChange(poRoot(), children);
+    return true;
+}
+
+void JobModel::vChange(DItem* parent, const QList<DItem*>& children)
+{
+    m_lUndo.append(Change {parent, parent->childNodes(), children});
+    m_lRedo.clear();
+    vApply(parent, children);
+    emit undoStateChanged();
+}
+
+void JobModel::vApply(DItem* parent, const QList<DItem*>& children)
+{
+    // Views read what they keep of the nodes that leave before they go.
+    emit aboutToDelete();
+    for (DItem* child : parent->childNodes()) {
+        if (!children.contains(child))
+            child->setParent(&m_oDetached);
+    }
+    QVariantList addresses;
+    for (DItem* child : children) {
+        child->setParent(parent);
+        addresses.append(QVariant::fromValue<qulonglong>(reinterpret_cast<quintptr>(child)));
+    }
+    parent->setProperty("IData.Children", addresses);
+    vIndex();
     vFollowLinks();
     emit structureChanged();
+}
+
+void JobModel::vForgetHistory()
+{
+    m_lUndo.clear();
+    m_lRedo.clear();
+    qDeleteAll(m_oDetached.children());
+    emit undoStateChanged();
+}
+
+bool JobModel::canUndo() const
+{
+    return !m_lUndo.isEmpty();
+}
+
+bool JobModel::canRedo() const
+{
+    return !m_lRedo.isEmpty();
+}
+
+bool JobModel::bUndo()
+{
+    if (m_lUndo.isEmpty())
+        return false;
+    const Change change = m_lUndo.takeLast();
+    m_lRedo.append(change);
+    vApply(change.parent, change.before);
+    emit undoStateChanged();
+    return true;
+}
+
+bool JobModel::bRedo()
+{
+    if (m_lRedo.isEmpty())
+        return false;
+    const Change change = m_lRedo.takeLast();
+    m_lUndo.append(change);
+    vApply(change.parent, change.after);
+    emit undoStateChanged();
     return true;
 }
 

@@ -45,8 +45,31 @@ public:
     bool bApplyCommand(const QString& path, int command, const QVariant& params, QString* error);
     /// Renames @p node; the paths below it and the links to them follow.
     bool bRename(Script::DItem* node, const QString& name, QString* error);
-    /// Deletes the node at @p path with everything below it; links to it are cleared.
+    /// Deletes the node at @p path with everything below it. Links to it stay and show a link
+    /// error; an undo brings the node back and the links work again.
     bool bDelete(const QString& path, QString* error);
+
+    /// Whether the module @p moduleId, a kind of the module catalogue or the path of a module,
+    /// may stand after @p insertionPath, the job's root (the front) or one of its modules. The
+    /// rules are the README's; on refusal @p why says which one.
+    bool bCanPlace(const QString& moduleId, const QString& insertionPath, QString* why) const;
+    /// Inserts a new module of the catalogue's kind @p kindId after @p insertionPath, under a
+    /// name not taken yet; returns its path, or an empty text with the reason in @p error.
+    QString sInsertModule(const QString& kindId, const QString& insertionPath, QString* error);
+    /// Inserts a copy of the module at @p sourcePath after @p insertionPath: its nodes and
+    /// values, under a free name, with links inside it pointing into the copy. Returns the
+    /// copy's path, or an empty text with the reason in @p error.
+    QString sPasteModule(const QString& sourcePath, const QString& insertionPath, QString* error);
+    /// Moves the module at @p path after @p insertionPath.
+    bool bMoveModule(const QString& path, const QString& insertionPath, QString* error);
+
+    /// Whether there is a structural change to take back, or one taken back to do again.
+    bool canUndo() const;
+    bool canRedo() const;
+    /// Takes back the last insertion, copy, move or deletion; false when there is none.
+    bool bUndo();
+    /// Does the last change taken back again; false when there is none.
+    bool bRedo();
     /// Shows or hides the node at @p path in the normal view.
     bool bSetVisible(const QString& path, bool visible);
     /// Marks whether the node at @p path gives the colour feedback.
@@ -72,8 +95,25 @@ signals:
     void structureChanged();
     /// Nodes are about to be deleted: what views want to keep of them must be read now.
     void aboutToDelete();
+    /// What undo and redo can do changed.
+    void undoStateChanged();
 
 private:
+    // The children of a node before and after a structural change; the nodes it takes out stay
+    // alive for an undo.
+    struct Change
+    {
+        Script::DItem* parent;
+        QList<Script::DItem*> before;
+        QList<Script::DItem*> after;
+    };
+
+    void vApply(Script::DItem* parent, const QList<Script::DItem*>& children);
+    void vChange(Script::DItem* parent, const QList<Script::DItem*>& children);
+    void vForgetHistory();
+    int moduleIndexAfter(const QString& insertionPath) const;
+    QString sFreeModuleName(const QString& base) const;
+    Script::DItem* poModule(const QString& path) const;
     Script::DItem* poSetValue(Script::DItem& node, const QVariant& params, QString* error);
     bool bSetLink(Script::DItem& node, const QString& target, QString* error);
     bool bSetLimits(Script::DItem& node, const QVariant& params, QString* error);
@@ -83,6 +123,10 @@ private:
 
     Containers::Scene m_oScene;
     QHash<QString, Script::DItem*> m_hNodes;
+    QList<Change> m_lUndo;
+    QList<Change> m_lRedo;
+    // Owns the nodes that a change took out of the job, until the job goes.
+    QObject m_oDetached;
 };
 
 #endif

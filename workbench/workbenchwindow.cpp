@@ -1,6 +1,7 @@
 #include "workbenchwindow.h"
 
 #include "jobhost.h"
+#include "moduletoolbox.h"
 #include "jobloader.h"
 #include "jobrunner.h"
 #include "plugincopy.h"
@@ -152,6 +153,15 @@ bool WorkbenchWindow::bLoadPlugin(const QString& path, QString* error)
     m_poDock->setWidget(m_poNavigator);
     addDockWidget(Qt::LeftDockWidgetArea, m_poDock);
     resizeDocks({m_poDock}, {430}, Qt::Horizontal);
+    m_poToolBoxDock = new QDockWidget(this);
+    m_poToolBoxDock->setObjectName(QStringLiteral("moduleToolBoxDock"));
+    m_poToolBoxDock->setWidget(new ModuleToolBox(m_poToolBoxDock));
+    addDockWidget(Qt::RightDockWidgetArea, m_poToolBoxDock);
+    connect(m_poHost, &JobHost::toolBoxRequested, m_poToolBoxDock, [this] {
+        m_poToolBoxDock->show();
+        m_poToolBoxDock->raise();
+        m_poToolBoxDock->widget()->setFocus();
+    });
     connect(m_poDock, &QDockWidget::visibilityChanged, this, &WorkbenchWindow::vOnDockVisibility);
     m_poNavigator->setResources(m_oModel.poScene(), &m_oProjectMode);
     m_poHost->vAttach(m_poNavigator);
@@ -353,6 +363,21 @@ void WorkbenchWindow::vCreateMenus()
     m_poFileMenu->addSeparator();
     m_poQuitAction = m_poFileMenu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit);
 
+    // Structural changes of the job are the host's to take back; the dock keeps no history.
+    m_poEditMenu = menuBar()->addMenu(QString());
+    m_poUndoAction = m_poEditMenu->addAction(QString(), &m_oModel, &JobModel::bUndo,
+                                             QKeySequence(Qt::CTRL | Qt::Key_Z));
+    m_poUndoAction->setObjectName(QStringLiteral("undoAction"));
+    m_poRedoAction = m_poEditMenu->addAction(QString(), &m_oModel, &JobModel::bRedo,
+                                             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    m_poRedoAction->setObjectName(QStringLiteral("redoAction"));
+    auto followHistory = [this] {
+        m_poUndoAction->setEnabled(m_oModel.canUndo());
+        m_poRedoAction->setEnabled(m_oModel.canRedo());
+    };
+    connect(&m_oModel, &JobModel::undoStateChanged, this, followHistory);
+    followHistory();
+
     m_poViewMenu = menuBar()->addMenu(QString());
     m_poExpertAction = m_poViewMenu->addAction(QString());
     m_poExpertAction->setObjectName(QStringLiteral("expertViewAction"));
@@ -436,6 +461,11 @@ void WorkbenchWindow::vRetranslate()
     m_poLanguageMenu->setTitle(tr("&Language"));
     m_poJobMenu->setTitle(tr("&Job"));
     m_poRunAction->setText(tr("&Run"));
+    m_poEditMenu->setTitle(tr("&Edit"));
+    m_poUndoAction->setText(tr("&Undo"));
+    m_poRedoAction->setText(tr("&Redo"));
+    if (m_poToolBoxDock)
+        m_poToolBoxDock->setWindowTitle(tr("Modules"));
     m_poRunAction->setToolTip(tr("Runs the job: its outputs change several times a second (F5)"));
     m_poProjectMenu->setTitle(tr("&Project"));
     for (int i = 0; i < m_lstProjectFlagActions.size(); ++i)

@@ -92,6 +92,7 @@ private:
     WidgetModules::WidgetDescriptor* m_poDescriptor = nullptr;
     WidgetTree* m_poNavigator = nullptr;
     QDockWidget* m_poDock = nullptr;
+    QDockWidget* m_poToolBoxDock = nullptr;
     RequestLog* m_poLog = nullptr;
     QLabel* m_poCameraState = nullptr;
     JobHost* m_poHost = nullptr;
@@ -105,6 +106,9 @@ private:
     QMenu* m_poLanguageMenu = nullptr;
     QMenu* m_poProjectMenu = nullptr;
     QMenu* m_poJobMenu = nullptr;
+    QMenu* m_poEditMenu = nullptr;
+    QAction* m_poUndoAction = nullptr;
+    QAction* m_poRedoAction = nullptr;
     QAction* m_poRunAction = nullptr;
     QAction* m_poOpenAction = nullptr;
     QAction* m_poSampleAction = nullptr;

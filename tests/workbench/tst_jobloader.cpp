@@ -96,7 +96,7 @@ void TestJobLoader::sampleJobValues()
     const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
     QVERIFY(root);
     QCOMPARE(root->iDataPath(), QStringLiteral("BottleInspection"));
-    QCOMPARE(root->childNodes().size(), 5);
+    QCOMPARE(root->childNodes().size(), 6);
 
     const DItem* exposure = root->poFindNode(QStringLiteral("BottleInspection.Camera.Exposure"));
     QVERIFY(exposure);
@@ -149,7 +149,12 @@ void TestJobLoader::sampleJobStates()
     const DItem* camera = root->poFindNode(QStringLiteral("BottleInspection.Camera"));
     QVERIFY(camera->isDeletable() && camera->isCopyable() && camera->isDraggable());
     QVERIFY(camera->isRenamingAllowed());
-    QCOMPARE(camera->iconPath(), QStringLiteral(":/images/Setting-3.svg"));
+    QCOMPARE(camera->iconPath(), QStringLiteral(":/workbench/icons/camera.svg"));
+    // A module without an icon of its own gets the host's.
+    QCOMPARE(root->poFindNode(QStringLiteral("BottleInspection.Locator"))->iconPath(),
+             QStringLiteral(":/images/Setting-3.svg"));
+    // The one Result module cannot be copied.
+    QVERIFY(!root->poFindNode(QStringLiteral("BottleInspection.Result"))->isCopyable());
 
     const DItem* input
         = root->poFindNode(QStringLiteral("BottleInspection.ImageFilter.InputImage"));

@@ -428,7 +428,9 @@ void TestJobModel::deleteTakesTheNodeOutOfItsParent()
     QVERIFY(!m_poModel->poNode("Job.Source"));
     QVERIFY(!m_poModel->poNode("Job.Source.Int"));
     QCOMPARE(root->property("IData.Children").toList().size(), 1);
-    QVERIFY(!m_poModel->poNode("Job.Sink.Int")->isLinked());
+    // The link into the deleted module stays, in error.
+    QVERIFY(m_poModel->poNode("Job.Sink.Int")->isLinked());
+    QVERIFY(m_poModel->poNode("Job.Sink.Int")->hasLinkError());
 
     QVERIFY(!m_poModel->bDelete("Job.Sink.Int", &error));
     QVERIFY(error.contains("cannot be deleted"));

@@ -160,7 +160,7 @@ void TestWorkbench::fillsTheJobTree()
     QTreeWidgetItem* root = tree().topLevelItem(0);
     QVERIFY(root);
     QCOMPARE(root->text(0), QStringLiteral("BottleInspection"));
-    QCOMPARE(root->childCount(), 5);
+    QCOMPARE(root->childCount(), 6);
     QVERIFY(root->isExpanded());
     QTreeWidgetItem* exposure = itemOf(tree(), QStringLiteral("BottleInspection.Camera.Exposure"));
     QVERIFY(exposure);
@@ -261,21 +261,44 @@ void TestWorkbench::openingAnotherJobReplacesBothTrees()
 
 void TestWorkbench::deleteKeyRemovesAModule()
 {
+    JobModel& model = m_poWindow->model();
+    const QString reference = QStringLiteral("BottleInspection.Measurement.Reference");
     QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Locator")));
     tree().setFocus();
     QVERIFY(QTest::qWaitForWindowActive(m_poWindow.get()));
     QTRY_VERIFY(tree().hasFocus());
     QTest::keyClick(&tree(), Qt::Key_Delete);
     QCOMPARE(requestsWithId(521), 1);
-    QVERIFY(!m_poWindow->model().poNode(QStringLiteral("BottleInspection.Locator")));
+    QVERIFY(!model.poNode(QStringLiteral("BottleInspection.Locator")));
+    // The link into the deleted module stays, in error.
+    QVERIFY(model.poNode(reference)->isLinked());
+    QVERIFY(model.poNode(reference)->hasLinkError());
     // The tree is built again once the request has returned; until then its rows still point
     // to the deleted nodes, so only their texts are read here.
-    QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 4);
-    const QTreeWidgetItem* job = tree().topLevelItem(0);
-    QStringList modules;
-    for (int i = 0; i < job->childCount(); ++i)
-        modules << job->child(i)->text(0);
-    QCOMPARE(modules, QStringList({"Camera", "ImageFilter", "OCR", "Measurement"}));
+    QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 5);
+    auto modules = [this] {
+        const QTreeWidgetItem* job = tree().topLevelItem(0);
+        QStringList names;
+        for (int i = 0; i < job->childCount(); ++i)
+            names << job->child(i)->text(0);
+        return names;
+    };
+    QCOMPARE(modules(), QStringList({"Camera", "ImageFilter", "OCR", "Measurement", "Result"}));
+
+    // Undo brings the module back, in its place, with its nodes, and the link works again.
+    QTest::keyClick(m_poWindow.get(), Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 6);
+    QCOMPARE(modules(),
+             QStringList({"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Result"}));
+    QVERIFY(model.poNode(QStringLiteral("BottleInspection.Locator.Position")));
+    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Locator.Position")));
+    QVERIFY(model.poNode(reference)->isLinked());
+    QVERIFY(!model.poNode(reference)->hasLinkError());
+    // Redo deletes it again.
+    QTest::keyClick(m_poWindow.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 5);
+    QVERIFY(!model.canRedo());
+    QVERIFY(model.canUndo());
 }
 
 void TestWorkbench::germanReachesEveryText()
