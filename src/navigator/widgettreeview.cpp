@@ -1,6 +1,7 @@
 #include "navigator/widgettreeview.h"
 
 #include "navigator/containers.h"
+#include "navigator/uniformrowdelegate.h"
 #include "property_model/widgetproperty.h"
 #include "sdk/apptranslation.h"
 #include "sdk/apputils.h"
@@ -91,6 +92,8 @@ WidgetTreeView::WidgetTreeView(QWidget* parent)
     , dragStartPos(-1, -1)
     , pressPos(0, 0)
     , animatedBeforeDrag(false)
+    , uniformBeforeDrag(false)
+    , rowSizes(new UniformRowDelegate(this))
     , copyPositionValid(false)
 {
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -101,6 +104,7 @@ WidgetTreeView::WidgetTreeView(QWidget* parent)
     qApp->installEventFilter(this);
     setMinimumSize(180, 180);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setItemDelegate(rowSizes);
     // The host may empty the tree at any time; no pointer into it may outlive its rows.
     connect(model(), &QAbstractItemModel::modelAboutToBeReset, this, &WidgetTreeView::forgetItems);
     connect(model(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
@@ -504,6 +508,11 @@ void WidgetTreeView::showOnlyModules()
     animatedBeforeDrag = isAnimated();
     // Without animation the collapse is done at once, before the first position is checked.
     setAnimated(false);
+    // Every move of the preview row lays out the rows again. The module rows are alike: taken
+    // as one height, they are not all measured again each time.
+    uniformBeforeDrag = uniformRowHeights();
+    rowSizes->setUniform(true);
+    setUniformRowHeights(true);
     vSetTreeExpandableState(invisibleRootItem(), true);
     if (QTreeWidgetItem* root = topLevelItem(0)) {
         collapseAll();
@@ -528,6 +537,8 @@ void WidgetTreeView::restore(QTreeWidgetItem* item)
         scrollToItem(item, QAbstractItemView::PositionAtCenter);
     }
     setAnimated(animatedBeforeDrag);
+    setUniformRowHeights(uniformBeforeDrag);
+    rowSizes->setUniform(uniformBeforeDrag);
     leaveCopyMode();
 }
 

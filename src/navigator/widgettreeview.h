@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 
 class QDragMoveEvent;
+class UniformRowDelegate;
 class QMimeData;
 
 namespace Script {
@@ -133,6 +134,8 @@ private:
     QPointF dragStartPos;
     QPoint pressPos;
     bool animatedBeforeDrag;
+    bool uniformBeforeDrag;
+    UniformRowDelegate* rowSizes;
     QSet<QTreeWidgetItem*> expandedItems;
     QString copiedModule;
     bool copyPositionValid;

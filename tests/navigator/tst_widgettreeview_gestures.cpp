@@ -230,6 +230,11 @@ QList<int> TestWidgetTreeViewGestures::changeIds() const
 
 void TestWidgetTreeViewGestures::toolBoxDragPreviewsThePosition()
 {
+    // Modules with icons are taller than the root without one.
+    for (const QString name : {"A", "B", "C", "D"})
+        module(name)->setIcon(0, QIcon(QStringLiteral(":/images/Setting-3.svg")));
+    const int moduleRowHeight = m_poView->visualItemRect(module("B")).height();
+    QVERIFY(m_poView->visualItemRect(m_poJob->rootItem()).height() < moduleRowHeight);
     m_poView->setCurrentItem(module("A"));
     m_poHost->clear();
     const auto data = addPayload("Type7@Blob Finder");
@@ -249,6 +254,10 @@ void TestWidgetTreeViewGestures::toolBoxDragPreviewsThePosition()
     QCOMPARE(preview->font(0).weight(), int(QFont::Bold));
     QCOMPARE(m_poView->currentItem(), preview);
     QVERIFY(m_poView->styleSheet().contains(QLatin1String("rgba(0, 0, 0, 25%)")));
+    // The module rows are measured as one while the preview moves, as high as a module's row.
+    QVERIFY(m_poView->uniformRowHeights());
+    QCOMPARE(m_poView->visualItemRect(module("B")).height(), moduleRowHeight);
+    QCOMPARE(m_poView->visualItemRect(m_poJob->rootItem()).height(), moduleRowHeight);
 
     // The preview follows the pointer; it is the same row all the way.
     QVERIFY(sendDrag(QEvent::DragMove, centreOf(module("D")), *data));
@@ -265,6 +274,8 @@ void TestWidgetTreeViewGestures::toolBoxDragPreviewsThePosition()
     QVERIFY(!phantom());
     QVERIFY(module("A")->isExpanded());
     QVERIFY(m_poView->styleSheet().isEmpty());
+    QVERIFY(!m_poView->uniformRowHeights());
+    QCOMPARE(m_poView->visualItemRect(module("B")).height(), moduleRowHeight);
 }
 
 void TestWidgetTreeViewGestures::refusedPositionShowsNoPhantom()

@@ -399,5 +399,89 @@
       <source>Text</source>
       <translation>Text</translation>
     </message>
+    <message>
+      <source>Result</source>
+      <translation>Ergebnis</translation>
+    </message>
+    <message>
+      <source>Pass</source>
+      <translation>Gut</translation>
+    </message>
+    <message>
+      <source>Rejected</source>
+      <translation>Ausgeworfen</translation>
+    </message>
+    <message>
+      <source>Part Passed</source>
+      <translation>Teil in Ordnung</translation>
+    </message>
+    <message>
+      <source>Parts Rejected</source>
+      <translation>Ausgeworfene Teile</translation>
+    </message>
+    <message>
+      <source>BlobFinder</source>
+      <translation>Blobsuche</translation>
+    </message>
+    <message>
+      <source>EdgeMeasure</source>
+      <translation>Kantenmessung</translation>
+    </message>
+    <message>
+      <source>OcrReader</source>
+      <translation>Klarschriftleser</translation>
+    </message>
+    <message>
+      <source>Threshold</source>
+      <translation>Schwelle</translation>
+    </message>
+    <message>
+      <source>MinArea</source>
+      <translation>Mindestfläche</translation>
+    </message>
+    <message>
+      <source>Minimum Area [px]</source>
+      <translation>Mindestfläche [px]</translation>
+    </message>
+    <message>
+      <source>Count</source>
+      <translation>Anzahl</translation>
+    </message>
+    <message>
+      <source>Blob Count</source>
+      <translation>Anzahl Blobs</translation>
+    </message>
+    <message>
+      <source>Contrast</source>
+      <translation>Kontrast</translation>
+    </message>
+    <message>
+      <source>Distance</source>
+      <translation>Abstand</translation>
+    </message>
+    <message>
+      <source>Distance [mm]</source>
+      <translation>Abstand [mm]</translation>
+    </message>
+    <message>
+      <source>Expected</source>
+      <translation>Erwartet</translation>
+    </message>
+    <message>
+      <source>Expected Text</source>
+      <translation>Erwarteter Text</translation>
+    </message>
+    <message>
+      <source>Strength</source>
+      <translation>Stärke</translation>
+    </message>
+    <message>
+      <source>OutputImage</source>
+      <translation>Ausgabebild</translation>
+    </message>
+    <message>
+      <source>Output Image</source>
+      <translation>Ausgabebild</translation>
+    </message>
   </context>
 </TS>

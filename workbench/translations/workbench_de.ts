@@ -50,10 +50,6 @@
         <translation>Kein Knoten unter %1</translation>
     </message>
     <message>
-        <source>The workbench has no toolbox</source>
-        <translation>Die Werkbank hat keine Werkzeugkiste</translation>
-    </message>
-    <message>
         <source>Not deleted: %1</source>
         <translation>Nicht gelöscht: %1</translation>
     </message>
@@ -148,6 +144,46 @@
     <message>
         <source>Help for the assistant shown</source>
         <translation>Hilfe zum Assistenten angezeigt</translation>
+    </message>
+    <message>
+        <source>Position allowed</source>
+        <translation>Position erlaubt</translation>
+    </message>
+    <message>
+        <source>Position refused: %1</source>
+        <translation>Position abgelehnt: %1</translation>
+    </message>
+    <message>
+        <source>Inserted %1</source>
+        <translation>%1 eingefügt</translation>
+    </message>
+    <message>
+        <source>Tool box shown</source>
+        <translation>Werkzeugkiste gezeigt</translation>
+    </message>
+    <message>
+        <source>Not inserted: %1</source>
+        <translation>Nicht eingefügt: %1</translation>
+    </message>
+    <message>
+        <source>New module %1</source>
+        <translation>Neues Modul %1</translation>
+    </message>
+    <message>
+        <source>Not copied: %1</source>
+        <translation>Nicht kopiert: %1</translation>
+    </message>
+    <message>
+        <source>Copied to %1</source>
+        <translation>Kopiert nach %1</translation>
+    </message>
+    <message>
+        <source>Not moved: %1</source>
+        <translation>Nicht verschoben: %1</translation>
+    </message>
+    <message>
+        <source>Moved %1</source>
+        <translation>%1 verschoben</translation>
     </message>
 </context>
 <context>
@@ -326,6 +362,17 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ModuleToolBox</name>
+    <message>
+        <source>%1: one per job</source>
+        <translation>%1: eines je Job</translation>
+    </message>
+    <message>
+        <source>%1: takes the images</source>
+        <translation>%1: nimmt die Bilder auf</translation>
     </message>
 </context>
 <context>
@@ -696,6 +743,22 @@
     <message>
         <source>The workbench has no camera. The camera module&apos;s values are shown as the job holds them, and changes that need the camera are refused, as in offline mode.</source>
         <translation>Die Werkbank hat keine Kamera. Die Werte des Kameramoduls werden so gezeigt, wie der Job sie enthält, und Änderungen, die die Kamera brauchen, werden wie im Offline-Modus abgelehnt.</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Modules</source>
+        <translation>Module</translation>
     </message>
 </context>
 </TS>
