@@ -6,15 +6,14 @@
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsettings.h"
 #include "sdk/widgetdescriptor.h"
 
+#include "dockenvironment.h"
 #include "measures.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -163,12 +162,8 @@ void runOnce(const Job& job, Figures& figures)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    // Without a display there is no OpenGL for the Qt Quick parts of the dock.
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
-    QTemporaryDir folder;
-    Settings::WAppSettings::instance()->open(folder.filePath(QStringLiteral("settings.ini")));
-    Settings::WAppSettings::instance()->addSetting(QStringLiteral("SHOW_WINDOWS"));
+    const QTemporaryDir folder;
+    prepareDockEnvironment(folder);
 
     std::printf("%-10s %-24s %12s %12s %8s\n", "nodes", "operation", "dock ms", "plain ms",
                 "ratio");

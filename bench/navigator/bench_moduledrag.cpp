@@ -6,8 +6,8 @@
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsettings.h"
 
+#include "dockenvironment.h"
 #include "measures.h"
 
 #include <QApplication>
@@ -16,7 +16,6 @@
 #include <QDragMoveEvent>
 #include <QElapsedTimer>
 #include <QMimeData>
-#include <QQuickWindow>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -124,11 +123,8 @@ Result runOnce(int modules)
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
-    QTemporaryDir folder;
-    Settings::WAppSettings::instance()->open(folder.filePath(QStringLiteral("settings.ini")));
-    Settings::WAppSettings::instance()->addSetting(QStringLiteral("SHOW_WINDOWS"));
+    const QTemporaryDir folder;
+    prepareDockEnvironment(folder);
 
     std::printf("%-8s %14s %12s %12s %10s\n", "modules", "ms per move", "enter ms", "leave ms",
                 "phantoms");

@@ -653,8 +653,13 @@ void WidgetTree::pasteItem(const QString& moduleID, const QString& insertionPath
     // Nothing marked, or the marked module is gone: there is nothing to paste.
     if (!source)
         return;
-    WRequest<QVariant> request(500, 531, WParam<QVariant>(source->iDataPath(), kSourceKey),
-                               WaitOnReply, kRequestTimeout);
+    sendPlacement(531, source->iDataPath(), insertionPath);
+}
+
+void WidgetTree::sendPlacement(int id, const QString& module, const QString& insertionPath)
+{
+    WRequest<QVariant> request(500, id, WParam<QVariant>(module, kSourceKey), WaitOnReply,
+                               kRequestTimeout);
     request.addParam(WParam<QVariant>(insertionPath, kInsertionKey));
     request.addParam(WParam<QVariant>(kAfter, kPlacementKey));
     QVariant reply;
@@ -665,12 +670,7 @@ void WidgetTree::moveItem(const QString& moduleID, const QString& insertionPath)
 {
     if (!checkTreeItem(moduleID, insertionPath) || moduleID == insertionPath)
         return;
-    WRequest<QVariant> request(500, 532, WParam<QVariant>(moduleID, kSourceKey), WaitOnReply,
-                               kRequestTimeout);
-    request.addParam(WParam<QVariant>(insertionPath, kInsertionKey));
-    request.addParam(WParam<QVariant>(kAfter, kPlacementKey));
-    QVariant reply;
-    emit treeReq(request, reply);
+    sendPlacement(532, moduleID, insertionPath);
 
     // The tree shows the move at once, whenever the host rebuilds it.
     QTreeWidgetItem* top = tree->topLevelItem(0);

@@ -204,6 +204,7 @@ private:
     void addUseColorAction(QMenu& menu, const Script::DItem& node);
     static void putOnClipboard(const QString& format, const QByteArray& bytes);
     QTreeWidgetItem* markedItem();
+    void sendPlacement(int id, const QString& module, const QString& insertionPath);
     void forgetMarkedRow();
     QVariant sendRequest(int category, int id, const WParam<QVariant>& param, QVariant reply);
     void showWelcome();

@@ -116,6 +116,9 @@ WidgetTreeView::~WidgetTreeView()
     qApp->removeEventFilter(this);
     // The model goes with the widget's children, after this part of the object is gone.
     disconnect(model(), nullptr, this, nullptr);
+    // A preview that a refused position took out of the tree is ours alone.
+    if (phantomItem && !phantomItem->treeWidget())
+        delete phantomItem;
 }
 
 void WidgetTreeView::keyPressEvent(QKeyEvent* event)
@@ -253,11 +256,7 @@ void WidgetTreeView::dragMoveEvent(QDragMoveEvent* event)
     const QMimeData* data = event->mimeData();
     if (!data || (!data->hasFormat(kMoveFormat) && !data->hasFormat(kAddFormat)))
         return;
-    QTreeWidgetItem* item = getItemAtPosOrLast(event->pos());
-    if (item && item == phantomItem)
-        item = dropTarget;
-    else
-        dropTarget = item;
+    QTreeWidgetItem* item = followTarget(event->pos());
     if (!item)
         return;
     // The direction is judged against where the drag entered.
@@ -377,6 +376,16 @@ void WidgetTreeView::placePhantom(const QString& text)
     if (currentItem() != phantomItem)
         setCurrentItem(phantomItem, 0);
     phantomItem->setData(0, Qt::DisplayRole, text);
+}
+
+QTreeWidgetItem* WidgetTreeView::followTarget(QPoint pos)
+{
+    QTreeWidgetItem* item = getItemAtPosOrLast(pos);
+    // Over the preview itself the target stays where it was.
+    if (item && item == phantomItem)
+        return dropTarget;
+    dropTarget = item;
+    return item;
 }
 
 QString WidgetTreeView::pathOf(const QTreeWidgetItem* item) const
@@ -582,11 +591,7 @@ QTreeWidgetItem* WidgetTreeView::getItemAtPosOrLast(QPoint pos)
 
 void WidgetTreeView::checkCopy(QPoint pos)
 {
-    QTreeWidgetItem* item = getItemAtPosOrLast(pos);
-    if (item && item == phantomItem)
-        item = dropTarget;
-    else
-        dropTarget = item;
+    QTreeWidgetItem* item = followTarget(pos);
     if (!item)
         return;
     const Script::DItem* node = getDItem(*item);

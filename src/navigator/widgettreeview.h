@@ -122,6 +122,7 @@ protected:
 private:
     void placePhantom(const QString& text);
     QString draggedModuleName(const QMimeData& data) const;
+    QTreeWidgetItem* followTarget(QPoint pos);
     QString pathOf(const QTreeWidgetItem* item) const;
     void forgetItems();
     void forgetRemovedItems(const QModelIndex& parent, int first, int last);

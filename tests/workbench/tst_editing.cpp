@@ -1,4 +1,5 @@
 #include "jobmodel.h"
+#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -90,11 +91,7 @@ void TestEditing::initTestCase()
 {
     TestSupport::failOnWarnings();
     QVERIFY(m_oFolder.isValid());
-    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
-    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
-    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
-        ->setValueOf(QStringLiteral("ShowWelcomePage"), false);
-    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"))
+    openHostSettings(m_oFolder, false)
         ->setValueOf(QStringLiteral("SplitterPos"), 150);
 }
 

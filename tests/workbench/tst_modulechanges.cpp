@@ -6,6 +6,7 @@
 #include "sdk/ditem.h"
 #include "sdk/image.h"
 
+#include "samplejob.h"
 #include "testsupport.h"
 
 #include <QMap>
@@ -17,16 +18,7 @@
 using Script::DItem;
 namespace Command = VardeenDefs::PropertyEditor;
 
-namespace {
-
-const QString kJob = QStringLiteral("BottleInspection");
-
-QString path(const QString& relative)
-{
-    return relative.isEmpty() ? kJob : kJob + QLatin1Char('.') + relative;
-}
-
-} // namespace
+using SampleJob::path;
 
 /// The host's side of a module's place: the rules it answers with, and the insertions,
 /// copies, moves and deletions it applies and takes back.
@@ -89,7 +81,8 @@ void TestModuleChanges::catalogue()
         QJsonObject description = entry.nodes;
         description.insert(QStringLiteral("name"), entry.name);
         QString error;
-        std::unique_ptr<DItem> module(JobLoader::poLoadModule(description, kJob, &error));
+        std::unique_ptr<DItem> module(
+            JobLoader::poLoadModule(description, SampleJob::root(), &error));
         QVERIFY2(module, qPrintable(error));
         QVERIFY(!module->childNodes().isEmpty());
         QCOMPARE(module->property(ModuleCatalog::kTypeKey).toString(), entry.id);

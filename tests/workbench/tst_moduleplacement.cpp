@@ -1,6 +1,8 @@
 #include "jobmodel.h"
 #include "moduletoolbox.h"
 #include "requestlog.h"
+#include "samplejob.h"
+#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -27,16 +29,7 @@
 
 #include <memory>
 
-namespace {
-
-const QString kJob = QStringLiteral("BottleInspection");
-
-QString path(const QString& module)
-{
-    return module.isEmpty() ? kJob : kJob + QLatin1Char('.') + module;
-}
-
-} // namespace
+using SampleJob::path;
 
 /// A module given its place through the workbench, with the plug-in loaded as the host loads
 /// it: dragged in from the tool box, copied by menu, copy mode and keys, and deleted and
@@ -80,11 +73,7 @@ void TestModulePlacement::initTestCase()
 {
     TestSupport::failOnWarnings();
     QVERIFY(m_oFolder.isValid());
-    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
-    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
-    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
-        ->setValueOf(QStringLiteral("ShowWelcomePage"), false);
-    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+    openHostSettings(m_oFolder, false);
 }
 
 void TestModulePlacement::init()

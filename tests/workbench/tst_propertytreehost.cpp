@@ -1,6 +1,7 @@
 #include "jobmodel.h"
 #include "jobrunner.h"
 #include "requestlog.h"
+#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -77,11 +78,7 @@ void TestPropertyTreeHost::initTestCase()
     // The dock's message boxes are answered here, not left to a person.
     Utils::DialogAutomation::setEnabled(true);
     QVERIFY(m_oFolder.isValid());
-    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
-    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
-    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
-        ->setValueOf(QStringLiteral("ShowWelcomePage"), false);
-    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"))
+    openHostSettings(m_oFolder, false)
         ->setValueOf(QStringLiteral("SplitterPos"), 150);
 }
 

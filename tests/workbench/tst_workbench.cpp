@@ -2,6 +2,7 @@
 #include "jobloader.h"
 #include "jobmodel.h"
 #include "requestlog.h"
+#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -113,11 +114,7 @@ void TestWorkbench::initTestCase()
     TestSupport::failOnWarnings();
     QVERIFY(m_oFolder.isValid());
     // The dock reads its settings group while it is made.
-    Settings::WAppSettings* settings = Settings::WAppSettings::instance();
-    settings->open(m_oFolder.filePath(QStringLiteral("settings.ini")));
-    settings->addSetting(QStringLiteral("SHOW_WINDOWS"))
-        ->setValueOf(QStringLiteral("ShowWelcomePage"), true);
-    settings->addSetting(QStringLiteral("PROPERTY_EDITOR"));
+    openHostSettings(m_oFolder, true);
 }
 
 void TestWorkbench::init()
