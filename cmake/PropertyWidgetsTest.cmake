@@ -1,8 +1,10 @@
-# pw_add_test(<name> SOURCES <files...> [LIBRARIES <targets...>])
+# pw_add_test(<name> SOURCES <files...> [LIBRARIES <targets...>] [DISPLAY_SERVER])
 #
 # Builds one QtTest executable and registers it with CTest. Every test runs on the offscreen
 # platform with Qt Quick's software renderer, so no display or GPU is needed; under the
-# sanitizer build the sanitizers stop the test at the first report.
+# sanitizer build the sanitizers stop the test at the first report. A test that needs what
+# only a display server does, such as carrying out a drag, runs on the xcb platform under a
+# virtual X server of its own (xvfb-run) with DISPLAY_SERVER.
 
 # Qt warns when the runtime folder is missing or open to others, so tests get a private one.
 set(PW_TEST_RUNTIME_DIR ${PROJECT_BINARY_DIR}/test-runtime)
@@ -10,13 +12,19 @@ file(MAKE_DIRECTORY ${PW_TEST_RUNTIME_DIR})
 file(CHMOD ${PW_TEST_RUNTIME_DIR} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 
 function(pw_add_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "DISPLAY_SERVER" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE pw_testsupport Qt5::Test ${ARG_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM pw_testsupport)
-    add_test(NAME ${name} COMMAND ${name})
+    set(platform offscreen)
+    if(ARG_DISPLAY_SERVER)
+        set(platform xcb)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1400x1000x24" $<TARGET_FILE:${name}>)
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+    endif()
     set(env
-        QT_QPA_PLATFORM=offscreen
+        QT_QPA_PLATFORM=${platform}
         QT_QUICK_BACKEND=software
         LC_ALL=C.UTF-8
         XDG_RUNTIME_DIR=${PW_TEST_RUNTIME_DIR}

@@ -291,8 +291,8 @@ QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
     case 35: {
         const QVariantList values = value.toList();
         QString why;
-        const bool allowed = m_oModel.bCanPlace(values.value(0).toString(),
-                                                values.value(1).toString(), &why);
+        const bool allowed
+            = m_oModel.bCanPlace(values.value(0).toString(), values.value(1).toString(), &why);
         reply = allowed;
         return allowed ? tr("Position allowed") : tr("Position refused: %1").arg(why);
     }
@@ -306,8 +306,8 @@ QString JobHost::sHandle(const WRequest<QVariant>& request, QVariant& reply)
     case 520: {
         const QVariantList values = value.toList();
         QString error;
-        m_sInserted = m_oModel.sInsertModule(values.value(0).toString(),
-                                             values.value(1).toString(), &error);
+        m_sInserted = m_oModel.sInsertModule(values.value(0).toString(), values.value(1).toString(),
+                                             &error);
         return m_sInserted.isEmpty() ? tr("Not inserted: %1").arg(error)
                                      : tr("New module %1").arg(m_sInserted);
     }

@@ -439,8 +439,7 @@ bool JobModel::bCanPlace(const QString& moduleId, const QString& insertionPath, 
     if (index < 0)
         return refuse(why, QStringLiteral("%1 is no place for a module").arg(insertionPath));
     DItem* moved = poModule(moduleId);
-    const QString kind
-        = moved ? moved->property(ModuleCatalog::kTypeKey).toString() : moduleId;
+    const QString kind = moved ? moved->property(ModuleCatalog::kTypeKey).toString() : moduleId;
     const ModuleCatalog::Entry* entry = ModuleCatalog::find(kind);
     if (!moved && !entry)
         return refuse(why, QStringLiteral("%1 is no module and no kind of module").arg(moduleId));
@@ -486,8 +485,7 @@ QString JobModel::sFreeModuleName(const QString& base) const
     return name;
 }
 
-QString JobModel::sInsertModule(const QString& kindId, const QString& insertionPath,
-                                QString* error)
+QString JobModel::sInsertModule(const QString& kindId, const QString& insertionPath, QString* error)
 {
     QString why;
     if (!poRoot() || !bCanPlace(kindId, insertionPath, &why)) {
@@ -550,11 +548,12 @@ DItem* cloneNode(const DItem& source, const QString& path, const QString& from, 
     copy->setLinkable(source.isLinkable());
     copy->setLinked(source.isLinked());
     const QString link = source.linkedPath();
-    copy->setLinkedPath(link.startsWith(from + QLatin1Char('.')) ? to + link.mid(from.size()) : link);
+    copy->setLinkedPath(link.startsWith(from + QLatin1Char('.')) ? to + link.mid(from.size())
+                                                                 : link);
     copy->setLinkError(source.hasLinkError());
     for (const DItem* child : source.childNodes())
-        copy->vAddChildNode(cloneNode(*child, path + child->iDataPath().mid(source.iDataPath().size()),
-                                      from, to));
+        copy->vAddChildNode(
+            cloneNode(*child, path + child->iDataPath().mid(source.iDataPath().size()), from, to));
     return copy;
 }
 
@@ -575,8 +574,8 @@ QString JobModel::sPasteModule(const QString& sourcePath, const QString& inserti
         refuse(error, why);
         return QString();
     }
-    const QString path = poRoot()->iDataPath() + QLatin1Char('.')
-        + sFreeModuleName(source->unTranslatedName());
+    const QString path
+        = poRoot()->iDataPath() + QLatin1Char('.') + sFreeModuleName(source->unTranslatedName());
     DItem* copy = cloneNode(*source, path, sourcePath, path);
     copy->setProperty("IData.Description", copy->unTranslatedName());
     copy->setParent(&m_oDetached);

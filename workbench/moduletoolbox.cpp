@@ -24,9 +24,9 @@ ModuleToolBox::ModuleToolBox(QWidget* parent)
     for (const ModuleCatalog::Entry& entry : ModuleCatalog::entries()) {
         auto* item = new QListWidgetItem(QIcon(entry.icon), entry.name, this);
         item->setData(kIdRole, entry.id);
-        item->setToolTip(entry.unique ? tr("%1: one per job").arg(entry.name)
-                                      : entry.acquisition ? tr("%1: takes the images").arg(entry.name)
-                                                          : entry.name);
+        item->setToolTip(entry.unique            ? tr("%1: one per job").arg(entry.name)
+                             : entry.acquisition ? tr("%1: takes the images").arg(entry.name)
+                                                 : entry.name);
     }
 }
 
@@ -38,7 +38,8 @@ void ModuleToolBox::startDrag(Qt::DropActions supportedActions)
         return;
     const QPixmap image = item->icon().pixmap(iconSize());
     auto* data = new QMimeData;
-    data->setData(kAddFormat, (item->data(kIdRole).toString() + QLatin1Char('@') + item->text()).toUtf8());
+    data->setData(kAddFormat,
+                  (item->data(kIdRole).toString() + QLatin1Char('@') + item->text()).toUtf8());
     data->setImageData(image.toImage());
     auto* drag = new QDrag(this);
     drag->setMimeData(data);

@@ -174,8 +174,8 @@ void WidgetTreeView::mousePressEvent(QMouseEvent* event)
         return;
     }
     const Script::DItem* node = item ? getDItem(*item) : nullptr;
-    if (event->button() == Qt::LeftButton && node && node->isDraggable()
-        && item->parent() && item->parent() == topLevelItem(0))
+    if (event->button() == Qt::LeftButton && node && node->isDraggable() && item->parent()
+        && item->parent() == topLevelItem(0))
         pressPos = event->pos();
     QTreeWidget::mousePressEvent(event);
 }
@@ -260,7 +260,8 @@ void WidgetTreeView::dragMoveEvent(QDragMoveEvent* event)
     if (!item)
         return;
     // The direction is judged against where the drag entered.
-    QTreeWidgetItem* next = event->posF().y() < dragStartPos.y() ? itemAbove(item) : itemBelow(item);
+    QTreeWidgetItem* next
+        = event->posF().y() < dragStartPos.y() ? itemAbove(item) : itemBelow(item);
     if (next)
         scrollToItem(next, QAbstractItemView::EnsureVisible);
     activeDragMove = event;
@@ -307,8 +308,8 @@ void WidgetTreeView::dropEvent(QDropEvent* event)
     if (item && item == phantomItem)
         item = itemAbove(phantomItem);
     // A payload without "@" names no module; its name is then empty.
-    const QStringList parts
-        = payloadText(*data, kAddFormat).split(QLatin1Char('@'), Qt::KeepEmptyParts, Qt::CaseSensitive);
+    const QStringList parts = payloadText(*data, kAddFormat)
+                                  .split(QLatin1Char('@'), Qt::KeepEmptyParts, Qt::CaseSensitive);
     // The dock restores the tree once the host has answered.
     emit insertNewItem(parts.at(0), pathOf(item), parts.value(1));
 }
@@ -338,7 +339,8 @@ void WidgetTreeView::setValidationResult(bool isValidPosition)
             text = isMoveDrag(*activeDragMove, this)
                 ? App::getTranslatedName(
                     payloadText(data, kMoveFormat).remove(kModulePrefix, Qt::CaseSensitive))
-                : App::getTranslatedName(payloadText(data, kAddFormat).section(QLatin1Char('@'), 1, 1));
+                : App::getTranslatedName(
+                    payloadText(data, kAddFormat).section(QLatin1Char('@'), 1, 1));
             // Drops are taken where the host allows them, even after a refused position.
             activeDragMove->acceptProposedAction();
         } else {

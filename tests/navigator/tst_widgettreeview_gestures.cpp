@@ -245,8 +245,7 @@ void TestWidgetTreeViewGestures::toolBoxDragPreviewsThePosition()
 
     QVERIFY(sendDrag(QEvent::DragMove, centreOf(module("B")), *data));
     QCOMPARE(m_poHost->ids(), QList<int> {35});
-    QCOMPARE(paramOf(lastOf(35), 953).toList(),
-             (QVariantList {"Type7", modulePath("B")}));
+    QCOMPARE(paramOf(lastOf(35), 953).toList(), (QVariantList {"Type7", modulePath("B")}));
     QTreeWidgetItem* preview = phantom();
     QVERIFY(preview);
     QCOMPARE(moduleOrder(), (QStringList {"A", "B", "<phantom>", "C", "D"}));
@@ -267,8 +266,7 @@ void TestWidgetTreeViewGestures::toolBoxDragPreviewsThePosition()
     QCOMPARE(phantom(), preview);
     // Over the preview itself the target stays where it was.
     QVERIFY(sendDrag(QEvent::DragMove, centreOf(preview), *data));
-    QCOMPARE(paramOf(lastOf(35), 953).toList().value(1).toString(),
-             modulePath("A"));
+    QCOMPARE(paramOf(lastOf(35), 953).toList().value(1).toString(), modulePath("A"));
 
     sendDrag(QEvent::DragLeave, QPoint(), *data);
     QVERIFY(!phantom());
@@ -301,10 +299,14 @@ void TestWidgetTreeViewGestures::dropInsertsAfterTheTarget_data()
 {
     QTest::addColumn<QString>("dropOn");
     QTest::addColumn<QString>("insertedAfter");
-    QTest::newRow("between B and C") << "B" << "B";
-    QTest::newRow("on \"Add Module\": after the last module") << "add" << "D";
-    QTest::newRow("below the list: after the last module") << "below" << "D";
-    QTest::newRow("on the phantom: the row above it") << "phantom" << "B";
+    QTest::newRow("between B and C") << "B"
+                                     << "B";
+    QTest::newRow("on \"Add Module\": after the last module") << "add"
+                                                              << "D";
+    QTest::newRow("below the list: after the last module") << "below"
+                                                           << "D";
+    QTest::newRow("on the phantom: the row above it") << "phantom"
+                                                      << "B";
 }
 
 void TestWidgetTreeViewGestures::dropInsertsAfterTheTarget()
@@ -377,8 +379,7 @@ void TestWidgetTreeViewGestures::dragWithBothFormatsFromElsewhere()
     QVERIFY(sendDrag(QEvent::DragEnter, centreOf(module("B")), *data));
     QVERIFY(sendDrag(QEvent::DragMove, centreOf(module("B")), *data));
     // From another program it can only be an insertion.
-    QCOMPARE(paramOf(lastOf(35), 953).toList().value(0).toString(),
-             QStringLiteral("Type7"));
+    QCOMPARE(paramOf(lastOf(35), 953).toList().value(0).toString(), QStringLiteral("Type7"));
     QCOMPARE(phantom()->text(0), QStringLiteral("Blob Finder"));
     m_poHost->clear();
     QVERIFY(sendDrag(QEvent::Drop, centreOf(module("B")), *data));
@@ -422,14 +423,14 @@ void TestWidgetTreeViewGestures::moveItem_data()
     QTest::addColumn<QString>("after");
     QTest::addColumn<bool>("sent");
     QTest::addColumn<QStringList>("order");
-    QTest::newRow("onto itself: asked, not sent") << "B" << modulePath("B") << false
-                                                  << QStringList {"A", "B", "C", "D"};
+    QTest::newRow("onto itself: asked, not sent")
+        << "B" << modulePath("B") << false << QStringList {"A", "B", "C", "D"};
     QTest::newRow("onto the first row: the first counts as the second")
         << "D" << modulePath("A") << true << QStringList {"A", "B", "D", "C"};
     QTest::newRow("an unknown path: to the front")
         << "D" << modulePath("X") << true << QStringList {"D", "A", "B", "C"};
-    QTest::newRow("after the last") << "B" << modulePath("D") << true
-                                    << QStringList {"A", "C", "D", "B"};
+    QTest::newRow("after the last")
+        << "B" << modulePath("D") << true << QStringList {"A", "C", "D", "B"};
     QTest::newRow("down: the index is not corrected for the removal")
         << "A" << modulePath("B") << true << QStringList {"B", "C", "A", "D"};
 }
@@ -497,8 +498,7 @@ void TestWidgetTreeViewGestures::pressArmsADragOnlyOnMovableModules()
     QCOMPARE(started != nullptr, drag);
     if (started) {
         QCOMPARE(started->mimeData()->formats(), QStringList {WidgetTreeView::kMoveFormat});
-        QCOMPARE(started->mimeData()->data(WidgetTreeView::kMoveFormat),
-                 modulePath("B").toUtf8());
+        QCOMPARE(started->mimeData()->data(WidgetTreeView::kMoveFormat), modulePath("B").toUtf8());
         QCOMPARE(started->supportedActions(), Qt::DropActions(Qt::MoveAction));
     }
     QTest::mouseRelease(m_poView->viewport(), Qt::LeftButton);
@@ -513,8 +513,7 @@ void TestWidgetTreeViewGestures::movePayloadFromElsewhereIsNoMove()
     QVERIFY(sendDrag(QEvent::DragEnter, centreOf(module("B")), data));
     QVERIFY(sendDrag(QEvent::DragMove, centreOf(module("B")), data));
     // Checked and previewed as a move of D...
-    QCOMPARE(paramOf(lastOf(35), 953).toList(),
-             (QVariantList {modulePath("D"), modulePath("B")}));
+    QCOMPARE(paramOf(lastOf(35), 953).toList(), (QVariantList {modulePath("D"), modulePath("B")}));
     QCOMPARE(phantom()->text(0), QStringLiteral("D"));
     m_poHost->clear();
     // ...but only this view's own drag moves a module.
@@ -573,8 +572,7 @@ void TestWidgetTreeViewGestures::copyModeFollowsThePointer()
                      viewport->mapToGlobal(centreOf(module("C"))), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
     QApplication::sendEvent(viewport, &move);
-    QCOMPARE(paramOf(lastOf(35), 953).toList(),
-             (QVariantList {"B", modulePath("C")}));
+    QCOMPARE(paramOf(lastOf(35), 953).toList(), (QVariantList {"B", modulePath("C")}));
     QVERIFY(phantom());
     QCOMPARE(phantom()->text(0), QStringLiteral("B"));
     QCOMPARE(moduleOrder(), (QStringList {"A", "B", "C", "<phantom>", "D"}));
@@ -606,8 +604,8 @@ void TestWidgetTreeViewGestures::copyModeRefusedPressIsIgnored()
     QVERIFY(!phantom());
     m_poHost->clear();
     QMouseEvent press(QEvent::MouseButtonPress, centreOf(module("C")),
-                      viewport->mapToGlobal(centreOf(module("C"))), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+                      viewport->mapToGlobal(centreOf(module("C"))), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QApplication::sendEvent(viewport, &press);
     QVERIFY(!press.isAccepted());
     QVERIFY(m_poHost->requests().isEmpty());

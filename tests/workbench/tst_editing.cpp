@@ -1,5 +1,5 @@
-#include "jobmodel.h"
 #include "hostsettings.h"
+#include "jobmodel.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -91,8 +91,7 @@ void TestEditing::initTestCase()
 {
     TestSupport::failOnWarnings();
     QVERIFY(m_oFolder.isValid());
-    openHostSettings(m_oFolder, false)
-        ->setValueOf(QStringLiteral("SplitterPos"), 150);
+    openHostSettings(m_oFolder, false)->setValueOf(QStringLiteral("SplitterPos"), 150);
 }
 
 void TestEditing::init()

@@ -48,15 +48,14 @@ private:
     QStringList modules() const;
 
     std::unique_ptr<JobModel> m_poModel;
-    const QStringList m_oStart {"Camera", "ImageFilter", "Locator", "OCR", "Measurement",
-                                "Result"};
+    const QStringList m_oStart {"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Result"};
 };
 
 void TestModuleChanges::init()
 {
     QString error;
-    DItem* root = JobLoader::poLoadFile(QStringLiteral(WORKBENCH_DIR "/jobs/sample-job.json"),
-                                        &error);
+    DItem* root
+        = JobLoader::poLoadFile(QStringLiteral(WORKBENCH_DIR "/jobs/sample-job.json"), &error);
     QVERIFY2(root, qPrintable(error));
     m_poModel = std::make_unique<JobModel>();
     m_poModel->setJob(root);
@@ -108,7 +107,9 @@ void TestModuleChanges::placingRules_data()
     QTest::newRow("no such kind") << "toaster" << path("Camera") << "no module and no kind";
     QTest::newRow("only after the job or a module")
         << "blobfinder" << path("Camera.Exposure") << "no place for a module";
-    QTest::newRow("an empty place") << "blobfinder" << "" << "no place for a module";
+    QTest::newRow("an empty place") << "blobfinder"
+                                    << ""
+                                    << "no place for a module";
     QTest::newRow("moving the camera behind another module")
         << path("Camera") << path("ImageFilter") << "a camera must come before every other module";
     QTest::newRow("moving a module in front of the camera")
@@ -136,8 +137,9 @@ void TestModuleChanges::insertMakesANewModule()
     // A second one gets a name of its own.
     QCOMPARE(m_poModel->sInsertModule(QStringLiteral("blobfinder"), path("Camera"), &error),
              path("BlobFinder2"));
-    QCOMPARE(modules(), (QStringList {"Camera", "BlobFinder2", "BlobFinder", "ImageFilter",
-                                      "Locator", "OCR", "Measurement", "Result"}));
+    QCOMPARE(modules(),
+             (QStringList {"Camera", "BlobFinder2", "BlobFinder", "ImageFilter", "Locator", "OCR",
+                           "Measurement", "Result"}));
     QCOMPARE(structure.count(), 2);
     const DItem* threshold = m_poModel->poNode(path("BlobFinder2.Threshold"));
     QVERIFY(threshold);
@@ -215,16 +217,20 @@ void TestModuleChanges::move_data()
     QTest::addColumn<bool>("moved");
     QTest::addColumn<QStringList>("order");
     const QStringList unchanged = m_oStart;
-    QTest::newRow("down") << "ImageFilter" << "OCR" << true
-                          << QStringList {"Camera", "Locator", "OCR", "ImageFilter", "Measurement",
-                                          "Result"};
-    QTest::newRow("up") << "Result" << "Camera" << true
-                        << QStringList {"Camera", "Result", "ImageFilter", "Locator", "OCR",
-                                        "Measurement"};
-    QTest::newRow("to the end") << "Camera" << "Result" << false << unchanged;
-    QTest::newRow("onto itself") << "OCR" << "OCR" << true << unchanged;
-    QTest::newRow("after the one before it") << "OCR" << "Locator" << true << unchanged;
-    QTest::newRow("no module") << "Camera.Exposure" << "OCR" << false << unchanged;
+    QTest::newRow("down") << "ImageFilter"
+                          << "OCR" << true << QStringList {"Camera",      "Locator",     "OCR",
+                                                           "ImageFilter", "Measurement", "Result"};
+    QTest::newRow("up") << "Result"
+                        << "Camera" << true << QStringList {"Camera",  "Result", "ImageFilter",
+                                                            "Locator", "OCR",    "Measurement"};
+    QTest::newRow("to the end") << "Camera"
+                                << "Result" << false << unchanged;
+    QTest::newRow("onto itself") << "OCR"
+                                 << "OCR" << true << unchanged;
+    QTest::newRow("after the one before it") << "OCR"
+                                             << "Locator" << true << unchanged;
+    QTest::newRow("no module") << "Camera.Exposure"
+                               << "OCR" << false << unchanged;
 }
 
 void TestModuleChanges::move()
@@ -272,8 +278,8 @@ void TestModuleChanges::undoAndRedoEveryChange()
     QSignalSpy history(m_poModel.get(), &JobModel::undoStateChanged);
     const QStringList start = modules();
     QString error;
-    QVERIFY(!m_poModel->sInsertModule(QStringLiteral("edgemeasure"), path("Camera"), &error)
-                 .isEmpty());
+    QVERIFY(
+        !m_poModel->sInsertModule(QStringLiteral("edgemeasure"), path("Camera"), &error).isEmpty());
     const QStringList inserted = modules();
     QVERIFY(!m_poModel->sPasteModule(path("OCR"), path("Result"), &error).isEmpty());
     const QStringList pasted = modules();

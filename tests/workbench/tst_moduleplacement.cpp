@@ -1,19 +1,19 @@
+#include "hostsettings.h"
 #include "jobmodel.h"
 #include "moduletoolbox.h"
 #include "requestlog.h"
 #include "samplejob.h"
-#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
 #include "navigator/widgettree.h"
 #include "navigator/widgettreeview.h"
+#include "property_model/wtreepropertybrowser.h"
 #include "sdk/ditem.h"
-#include "sdk/wappsetting.h"
-#include "sdk/wappsettings.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -51,6 +51,8 @@ private slots:
     void copyModeRefusesAPosition();
     void escapeLeavesCopyMode();
     void ctrlCThenCtrlV();
+    void copyPathAndValueFromTheBrowserMenu_data();
+    void copyPathAndValueFromTheBrowserMenu();
 
 private:
     WidgetTreeView& tree() const;
@@ -198,8 +200,8 @@ bool TestModulePlacement::sendDrag(QEvent::Type type, QPoint pos, const QMimeDat
 void TestModulePlacement::moveMouse(QPoint pos)
 {
     QWidget* viewport = tree().viewport();
-    QMouseEvent move(QEvent::MouseMove, pos, viewport->mapToGlobal(pos), Qt::NoButton,
-                     Qt::NoButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, pos, viewport->mapToGlobal(pos), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
     QApplication::sendEvent(viewport, &move);
 }
 
@@ -243,17 +245,14 @@ void TestModulePlacement::toolBoxDragInserts_data()
     QTest::addColumn<QString>("dropOn");
     QTest::addColumn<QStringList>("order");
     QTest::newRow("between two modules")
-        << "Camera"
-        << QStringList {"Camera", "BlobFinder", "ImageFilter", "Locator", "OCR", "Measurement",
-                        "Result"};
+        << "Camera" << QStringList {"Camera", "BlobFinder",  "ImageFilter", "Locator",
+                                    "OCR",    "Measurement", "Result"};
     QTest::newRow("on \"Add Module\"")
-        << "add"
-        << QStringList {"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Result",
-                        "BlobFinder"};
+        << "add" << QStringList {"Camera",      "ImageFilter", "Locator",   "OCR",
+                                 "Measurement", "Result",      "BlobFinder"};
     QTest::newRow("below the list")
-        << "below"
-        << QStringList {"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Result",
-                        "BlobFinder"};
+        << "below" << QStringList {"Camera",      "ImageFilter", "Locator",   "OCR",
+                                   "Measurement", "Result",      "BlobFinder"};
 }
 
 void TestModulePlacement::toolBoxDragInserts()
@@ -306,8 +305,10 @@ void TestModulePlacement::refusedPositionShowsNoPhantom_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("over");
-    QTest::newRow("before the camera") << "BlobFinder" << "";
-    QTest::newRow("a second result module") << "Result" << "OCR";
+    QTest::newRow("before the camera") << "BlobFinder"
+                                       << "";
+    QTest::newRow("a second result module") << "Result"
+                                            << "OCR";
 }
 
 void TestModulePlacement::refusedPositionShowsNoPhantom()
@@ -337,8 +338,8 @@ void TestModulePlacement::copyByMenuAndClick()
     QCOMPARE(tree().topLevelItem(0)->indexOfChild(phantom()), 4);
     clickAt(tree().visualItemRect(phantom()).center());
     QVERIFY(!tree().isInCopyMode());
-    const QStringList order {"Camera", "ImageFilter", "Locator", "OCR", "Locator2", "Measurement",
-                             "Result"};
+    const QStringList order {"Camera",   "ImageFilter", "Locator", "OCR",
+                             "Locator2", "Measurement", "Result"};
     QCOMPARE(jobModules(), order);
     QCOMPARE(requests(531), 1);
     QTRY_COMPARE(treeModules(), order);
@@ -385,8 +386,8 @@ void TestModulePlacement::ctrlCThenCtrlV()
     QCOMPARE(requests(531), 0);
     QVERIFY(m_poWindow->bSelectNode(path("Measurement")));
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
-    const QStringList order {"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Locator2",
-                             "Result"};
+    const QStringList order {"Camera",      "ImageFilter", "Locator", "OCR",
+                             "Measurement", "Locator2",    "Result"};
     QCOMPARE(jobModules(), order);
     QTRY_COMPARE(treeModules(), order);
     // The tree was built anew; the mark is still on the module, and the copy is current.
@@ -394,6 +395,50 @@ void TestModulePlacement::ctrlCThenCtrlV()
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(jobModules().mid(5, 2), (QStringList {"Locator2", "Locator3"}));
     QCOMPARE(requests(531), 2);
+}
+
+void TestModulePlacement::copyPathAndValueFromTheBrowserMenu_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("path") << "&Copy Node Path to Clipboard"
+                          << "copyNodePath" << path("Camera.Exposure");
+    QTest::newRow("value") << "Copy Node Value to Clipboard"
+                           << "copyNodeValue"
+                           << "1200";
+}
+
+void TestModulePlacement::copyPathAndValueFromTheBrowserMenu()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, format);
+    QFETCH(QString, text);
+    // The menus copy in the expert view only.
+    m_poWindow->findChild<QAction*>(QStringLiteral("expertViewAction"))->setChecked(true);
+    QVERIFY(m_poWindow->bSelectNode(path("Camera")));
+    auto* browser = m_poWindow->poNavigator()->findChild<PropertyBrowser::WTreePropertyBrowser*>();
+    auto* view = browser->findChild<QAbstractItemView*>();
+    const int row = browser->getPropertyPaths().indexOf(path("Camera.Exposure"));
+    QVERIFY(row >= 0);
+    const QPoint at = view->visualRect(view->model()->index(row, 0)).center();
+    QTest::mouseClick(view->viewport(), Qt::RightButton, Qt::NoModifier, at);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QAction* chosen = nullptr;
+    for (QAction* action : menu->actions()) {
+        if (action->text() == entry)
+            chosen = action;
+    }
+    menu->close();
+    QVERIFY(chosen);
+    chosen->trigger();
+    // Read back in the same process, in all three forms.
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    QVERIFY(data);
+    QCOMPARE(QString::fromLatin1(data->data(format)), text);
+    QCOMPARE(QString::fromLatin1(data->data(QStringLiteral("text/plain"))), text);
+    QCOMPARE(QGuiApplication::clipboard()->text(), text);
 }
 
 QTEST_MAIN(TestModulePlacement)

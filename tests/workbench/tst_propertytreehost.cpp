@@ -1,7 +1,7 @@
+#include "hostsettings.h"
 #include "jobmodel.h"
 #include "jobrunner.h"
 #include "requestlog.h"
-#include "hostsettings.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -78,8 +78,7 @@ void TestPropertyTreeHost::initTestCase()
     // The dock's message boxes are answered here, not left to a person.
     Utils::DialogAutomation::setEnabled(true);
     QVERIFY(m_oFolder.isValid());
-    openHostSettings(m_oFolder, false)
-        ->setValueOf(QStringLiteral("SplitterPos"), 150);
+    openHostSettings(m_oFolder, false)->setValueOf(QStringLiteral("SplitterPos"), 150);
 }
 
 void TestPropertyTreeHost::init()
