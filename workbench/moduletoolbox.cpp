@@ -2,7 +2,10 @@
 
 #include "modulecatalog.h"
 
+#include "sdk/apptranslation.h"
+
 #include <QDrag>
+#include <QEvent>
 #include <QMimeData>
 
 const QString ModuleToolBox::kAddFormat = QStringLiteral("application/x-teLumo-module-add");
@@ -10,6 +13,8 @@ const QString ModuleToolBox::kAddFormat = QStringLiteral("application/x-teLumo-m
 namespace {
 
 const int kIdRole = Qt::UserRole;
+// The job's own name of the kind; the list shows it translated, the drag carries it as it is.
+const int kNameRole = Qt::UserRole + 1;
 
 } // namespace
 
@@ -22,11 +27,30 @@ ModuleToolBox::ModuleToolBox(QWidget* parent)
     setDragDropMode(QAbstractItemView::DragOnly);
     setSelectionMode(QAbstractItemView::SingleSelection);
     for (const ModuleCatalog::Entry& entry : ModuleCatalog::entries()) {
-        auto* item = new QListWidgetItem(QIcon(entry.icon), entry.name, this);
+        auto* item = new QListWidgetItem(QIcon(entry.icon), QString(), this);
         item->setData(kIdRole, entry.id);
-        item->setToolTip(entry.unique            ? tr("%1: one per job").arg(entry.name)
-                             : entry.acquisition ? tr("%1: takes the images").arg(entry.name)
-                                                 : entry.name);
+        item->setData(kNameRole, entry.name);
+    }
+    vRetranslate();
+}
+
+void ModuleToolBox::changeEvent(QEvent* event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        vRetranslate();
+}
+
+void ModuleToolBox::vRetranslate()
+{
+    for (int row = 0; row < count(); ++row) {
+        QListWidgetItem* listed = item(row);
+        const ModuleCatalog::Entry* entry = ModuleCatalog::find(listed->data(kIdRole).toString());
+        const QString name = App::getTranslatedName(entry->name);
+        listed->setText(name);
+        listed->setToolTip(entry->unique            ? tr("%1: one per job").arg(name)
+                               : entry->acquisition ? tr("%1: takes the images").arg(name)
+                                                    : name);
     }
 }
 
@@ -38,8 +62,10 @@ void ModuleToolBox::startDrag(Qt::DropActions supportedActions)
         return;
     const QPixmap image = item->icon().pixmap(iconSize());
     auto* data = new QMimeData;
-    data->setData(kAddFormat,
-                  (item->data(kIdRole).toString() + QLatin1Char('@') + item->text()).toUtf8());
+    data->setData(
+        kAddFormat,
+        (item->data(kIdRole).toString() + QLatin1Char('@') + item->data(kNameRole).toString())
+            .toUtf8());
     data->setImageData(image.toImage());
     auto* drag = new QDrag(this);
     drag->setMimeData(data);

@@ -17,8 +17,13 @@ public:
     static const QString kAddFormat;
 
 protected:
+    /// Shows the kinds' names in the new language.
+    void changeEvent(QEvent* event) override;
     /// Starts the drag of the current kind: "id@name" in the add format, with its image.
     void startDrag(Qt::DropActions supportedActions) override;
+
+private:
+    void vRetranslate();
 };
 
 #endif

@@ -631,6 +631,8 @@ void TestWidgetTreeViewGestures::escapeLeavesCopyMode()
     QVERIFY(!phantom());
     QVERIFY(module("A")->isExpanded());
     QVERIFY(m_poView->styleSheet().isEmpty());
+    // The copied module is not made current again.
+    QVERIFY(m_poView->currentItem() != module("B"));
     // Nothing is sent: leaving copy mode is no change of the job.
     QVERIFY(changeIds().isEmpty());
 }

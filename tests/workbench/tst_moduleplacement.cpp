@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDockWidget>
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -51,6 +52,7 @@ private slots:
     void copyModeRefusesAPosition();
     void escapeLeavesCopyMode();
     void ctrlCThenCtrlV();
+    void toolBoxInGerman();
     void copyPathAndValueFromTheBrowserMenu_data();
     void copyPathAndValueFromTheBrowserMenu();
 
@@ -395,6 +397,29 @@ void TestModulePlacement::ctrlCThenCtrlV()
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(jobModules().mid(5, 2), (QStringList {"Locator2", "Locator3"}));
     QCOMPARE(requests(531), 2);
+}
+
+void TestModulePlacement::toolBoxInGerman()
+{
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("de")));
+    auto* toolBox = m_poWindow->findChild<ModuleToolBox*>();
+    QTRY_COMPARE(toolBox->item(0)->text(), QStringLiteral("Kamera"));
+    QCOMPARE(toolBox->item(5)->toolTip(), QStringLiteral("Ergebnis: eines je Job"));
+    QCOMPARE(
+        m_poWindow->findChild<QDockWidget*>(QStringLiteral("moduleToolBoxDock"))->windowTitle(),
+        QStringLiteral("Module"));
+    QCOMPARE(m_poWindow->findChild<QAction*>(QStringLiteral("undoAction"))->text(),
+             QStringLiteral("&Rückgängig"));
+    // The drag carries the job's own name; the dock translates it for the preview.
+    const std::unique_ptr<QMimeData> data = dragFromToolBox(QStringLiteral("Blobsuche"));
+    QVERIFY(data);
+    QCOMPARE(data->data(ModuleToolBox::kAddFormat), QByteArray("blobfinder@BlobFinder"));
+    QVERIFY(sendDrag(QEvent::DragEnter, QPoint(10, 10), *data));
+    QVERIFY(sendDrag(QEvent::DragMove, tree().visualItemRect(row(QStringLiteral("OCR"))).center(),
+                     *data));
+    QCOMPARE(phantom()->text(0), QStringLiteral("Blobsuche"));
+    QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("en")));
+    QTRY_COMPARE(toolBox->item(0)->text(), QStringLiteral("Camera"));
 }
 
 void TestModulePlacement::copyPathAndValueFromTheBrowserMenu_data()
