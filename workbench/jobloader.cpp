@@ -190,7 +190,10 @@ std::unique_ptr<DItem> JobBuilder::poJob(const QJsonObject& job)
         return nullptr;
     if (name.isEmpty() || name.contains('.'))
         return poFail(tr("the job needs a name without \".\""));
-    auto root = std::make_unique<DItem>(name, QStringLiteral("Job"), DItem::IoNone);
+    // Every job hangs below the host's root, whose path begins every module's path; the job's
+    // own name is what the root shows.
+    auto root = std::make_unique<DItem>(JobLoader::kRootPath, QStringLiteral("Job"), DItem::IoNone);
+    root->setUnTranslatedName(name);
     root->setProperty("IData.Description", name);
     root->setProperty("IData.IsGuiVisible", true);
     const QJsonValue modules = job.value(QStringLiteral("modules"));
@@ -198,13 +201,13 @@ std::unique_ptr<DItem> JobBuilder::poJob(const QJsonObject& job)
         return poFail(tr("\"modules\" must be a list"));
     QSet<QString> names;
     for (const QJsonValue& module : modules.toArray()) {
-        m_sWhere = name;
+        m_sWhere = JobLoader::kRootPath;
         if (!module.isObject())
             return poFail(tr("a module must be an object"));
-        std::unique_ptr<DItem> node = poNode(module.toObject(), name, true);
+        std::unique_ptr<DItem> node = poNode(module.toObject(), JobLoader::kRootPath, true);
         if (!node)
             return nullptr;
-        m_sWhere = name;
+        m_sWhere = JobLoader::kRootPath;
         if (names.contains(node->unTranslatedName()))
             return poFail(tr("two modules are named %1").arg(node->unTranslatedName()));
         names.insert(node->unTranslatedName());
@@ -634,6 +637,8 @@ Script::DItem* JobLoader::poLoad(const QByteArray& json, QString* error)
     QByteArray text = json;
     return poLoadText(text, error, Progress());
 }
+
+const QString JobLoader::kRootPath = QStringLiteral("Module Application");
 
 Script::DItem* JobLoader::poLoadModule(const QJsonObject& module, const QString& parentPath,
                                        QString* error)

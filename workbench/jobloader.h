@@ -22,6 +22,10 @@ public:
     /// with the reason in @p error.
     static Script::DItem* poLoad(const QByteArray& json, QString* error);
 
+    /// The path of every job's root, as the host names it: a module's path is this, a full
+    /// stop and the module's name.
+    static const QString kRootPath;
+
     /// Told how far a load has come, in percent, rising to 100 at the end.
     using Progress = std::function<void(int percent)>;
 

@@ -438,7 +438,11 @@ bool JobModel::bCanPlace(const QString& moduleId, const QString& insertionPath, 
     const int index = moduleIndexAfter(insertionPath);
     if (index < 0)
         return refuse(why, QStringLiteral("%1 is no place for a module").arg(insertionPath));
+    // A module comes by its path, or in copy mode by its name alone: the dock strips the
+    // root's path before it asks.
     DItem* moved = poModule(moduleId);
+    if (!moved && !moduleId.isEmpty())
+        moved = poModule(poRoot()->iDataPath() + QLatin1Char('.') + moduleId);
     const QString kind = moved ? moved->property(ModuleCatalog::kTypeKey).toString() : moduleId;
     const ModuleCatalog::Entry* entry = ModuleCatalog::find(kind);
     if (!moved && !entry)

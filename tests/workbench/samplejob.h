@@ -9,7 +9,7 @@ namespace SampleJob {
 /// The job's root.
 inline QString root()
 {
-    return QStringLiteral("BottleInspection");
+    return QStringLiteral("Module Application");
 }
 
 /// The path of @p relative below the root, or the root's own for an empty text.

@@ -170,7 +170,7 @@ TestSupport::ModalRun TestEditing::runDialog(QWidget* editor,
 
 void TestEditing::integerTypedAndEntered()
 {
-    const QString path = QStringLiteral("BottleInspection.ImageFilter.Iterations");
+    const QString path = QStringLiteral("Module Application.ImageFilter.Iterations");
     QWidget* editor = openEditor(path, "IntPropertyEditor");
     QVERIFY(editor);
     auto* line = editor->findChild<QLineEdit*>();
@@ -192,7 +192,7 @@ void TestEditing::integerTypedAndEntered()
 
 void TestEditing::int64SteppedByTheWheel()
 {
-    const QString path = QStringLiteral("BottleInspection.Measurement.Counter");
+    const QString path = QStringLiteral("Module Application.Measurement.Counter");
     QWidget* editor = openEditor(path, "Int64PropertyEditor");
     QVERIFY(editor);
     QWidget* slider = editor->findChild<QSlider*>();
@@ -214,7 +214,7 @@ void TestEditing::int64SteppedByTheWheel()
 
 void TestEditing::doubleTypedAndEntered()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.Gain");
+    const QString path = QStringLiteral("Module Application.Camera.Gain");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     auto* spin = editor->findChild<QDoubleSpinBox*>();
@@ -234,7 +234,7 @@ void TestEditing::doubleTypedAndEntered()
 
 void TestEditing::boolToggled()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.Flip");
+    const QString path = QStringLiteral("Module Application.Camera.Flip");
     QWidget* editor = openEditor(path, "BoolPropertyEditor");
     QVERIFY(editor);
     auto* box = editor->findChild<QCheckBox*>();
@@ -252,7 +252,7 @@ void TestEditing::boolToggled()
 
 void TestEditing::enumChosenByKey()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.TriggerMode");
+    const QString path = QStringLiteral("Module Application.Camera.TriggerMode");
     QWidget* editor = openEditor(path, "EnumPropertyEditor");
     QVERIFY(editor);
     auto* combo = editor->findChild<QComboBox*>();
@@ -270,7 +270,7 @@ void TestEditing::enumChosenByKey()
 
 void TestEditing::sameTextSendsNothing()
 {
-    const QString path = QStringLiteral("BottleInspection.ImageFilter.Iterations");
+    const QString path = QStringLiteral("Module Application.ImageFilter.Iterations");
     QWidget* editor = openEditor(path, "IntPropertyEditor");
     QVERIFY(editor);
     auto* line = editor->findChild<QLineEdit*>();
@@ -282,7 +282,7 @@ void TestEditing::sameTextSendsNothing()
 
 void TestEditing::dialogSetsALocalValue()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.Gain");
+    const QString path = QStringLiteral("Module Application.Camera.Gain");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {
@@ -303,7 +303,7 @@ void TestEditing::dialogSetsLimits()
 {
     // The tolerance of a measurement: its row shows the measured value read only, and its
     // dialog edits the limits that the value must keep.
-    const QString path = QStringLiteral("BottleInspection.Measurement.Tolerance");
+    const QString path = QStringLiteral("Module Application.Measurement.Tolerance");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     QVERIFY(editor->findChild<QDoubleSpinBox*>()->isReadOnly());
@@ -327,8 +327,8 @@ void TestEditing::dialogSetsLimits()
 
 void TestEditing::dialogLinksAPickedNode()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.Gain");
-    const QString target = QStringLiteral("BottleInspection.Locator.Score");
+    const QString path = QStringLiteral("Module Application.Camera.Gain");
+    const QString target = QStringLiteral("Module Application.Locator.Score");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     const TestSupport::ModalRun run = runDialog(editor, [&target](QDialog& dialog) {
@@ -360,7 +360,7 @@ void TestEditing::dialogLinksAPickedNode()
 
 void TestEditing::resetClearsALink()
 {
-    const QString path = QStringLiteral("BottleInspection.Measurement.OcrConfidence");
+    const QString path = QStringLiteral("Module Application.Measurement.OcrConfidence");
     QVERIFY(m_poWindow->model().poNode(path)->isLinked());
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
@@ -382,7 +382,7 @@ void TestEditing::resetClearsALink()
 
 void TestEditing::cancelSendsNothing()
 {
-    const QString path = QStringLiteral("BottleInspection.Camera.Gain");
+    const QString path = QStringLiteral("Module Application.Camera.Gain");
     QWidget* editor = openEditor(path, "DoublePropertyEditor");
     QVERIFY(editor);
     const TestSupport::ModalRun run = runDialog(editor, [](QDialog& dialog) {

@@ -95,10 +95,12 @@ void TestJobLoader::sampleJobValues()
 {
     const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
     QVERIFY(root);
-    QCOMPARE(root->iDataPath(), QStringLiteral("BottleInspection"));
+    // The job hangs below the host's root and shows its own name.
+    QCOMPARE(root->iDataPath(), QStringLiteral("Module Application"));
+    QCOMPARE(root->unTranslatedName(), QStringLiteral("BottleInspection"));
     QCOMPARE(root->childNodes().size(), 6);
 
-    const DItem* exposure = root->poFindNode(QStringLiteral("BottleInspection.Camera.Exposure"));
+    const DItem* exposure = root->poFindNode(QStringLiteral("Module Application.Camera.Exposure"));
     QVERIFY(exposure);
     QCOMPARE(exposure->ioType(), DItem::IoInput);
     QCOMPARE(exposure->property("IDataNumeric.DynamicValue"), QVariant(1200));
@@ -112,73 +114,76 @@ void TestJobLoader::sampleJobValues()
     QCOMPARE(exposure->property("iIsEditable"), QVariant(true));
     // A measurement's tolerance is where limits are what the user edits.
     const DItem* tolerance
-        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Tolerance"));
+        = root->poFindNode(QStringLiteral("Module Application.Measurement.Tolerance"));
     QCOMPARE(tolerance->ioType(), DItem::IoOutput);
     QCOMPARE(tolerance->property("IDataNumeric.LimitsEditable"), QVariant(true));
     QCOMPARE(tolerance->property("IDataNumeric.LocalMax"), QVariant(0.2));
 
     // 64-bit values come from texts so that no digit is lost on the way through JSON.
-    const DItem* counter = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Counter"));
+    const DItem* counter
+        = root->poFindNode(QStringLiteral("Module Application.Measurement.Counter"));
     QVERIFY(counter);
     QCOMPARE(counter->property("IDataNumeric.LocalMin"),
              QVariant(std::numeric_limits<qlonglong>::min()));
     QCOMPARE(counter->property("IDataNumeric.LocalMax"),
              QVariant(std::numeric_limits<qlonglong>::max()));
-    const DItem* frames = root->poFindNode(QStringLiteral("BottleInspection.Camera.FrameCounter"));
+    const DItem* frames
+        = root->poFindNode(QStringLiteral("Module Application.Camera.FrameCounter"));
     QCOMPARE(frames->property("IDataNumeric.DynamicValue"), QVariant(qlonglong(4294967301)));
 
-    const DItem* trigger = root->poFindNode(QStringLiteral("BottleInspection.Camera.TriggerMode"));
+    const DItem* trigger
+        = root->poFindNode(QStringLiteral("Module Application.Camera.TriggerMode"));
     QCOMPARE(trigger->property("IDataBasicEnum.EnumList").toStringList(),
              QStringList({"Free Run", "Hardware", "Software"}));
     QCOMPARE(trigger->property("IDataBasicEnum.DynamicStringnifiedValue"), QVariant("Hardware"));
     QCOMPARE(trigger->property("IDataBasicEnum.LocalStringnifiedValue"), QVariant("Hardware"));
 
-    const DItem* pattern = root->poFindNode(QStringLiteral("BottleInspection.OCR.Pattern"));
+    const DItem* pattern = root->poFindNode(QStringLiteral("Module Application.OCR.Pattern"));
     QCOMPARE(pattern->property("IDataBasicString.DynamicValue"),
              QVariant(QStringLiteral("LOT\t^[A-Z]{2}\\d{4}$")));
-    const DItem* found = root->poFindNode(QStringLiteral("BottleInspection.Locator.Found"));
+    const DItem* found = root->poFindNode(QStringLiteral("Module Application.Locator.Found"));
     QCOMPARE(found->property("IDataBasicBool.DynamicValue"), QVariant(true));
     QCOMPARE(found->property("IDataBasicBool.ActionReply"), QVariant("Bottle found"));
-    QVERIFY(root->poFindNode(QStringLiteral("BottleInspection.OCR.Fielding.Set.CharFilter")));
+    QVERIFY(root->poFindNode(QStringLiteral("Module Application.OCR.Fielding.Set.CharFilter")));
 }
 
 void TestJobLoader::sampleJobStates()
 {
     const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
     QVERIFY(root);
-    const DItem* camera = root->poFindNode(QStringLiteral("BottleInspection.Camera"));
+    const DItem* camera = root->poFindNode(QStringLiteral("Module Application.Camera"));
     QVERIFY(camera->isDeletable() && camera->isCopyable() && camera->isDraggable());
     QVERIFY(camera->isRenamingAllowed());
     QCOMPARE(camera->iconPath(), QStringLiteral(":/workbench/icons/camera.svg"));
     // A module without an icon of its own gets the host's.
-    QCOMPARE(root->poFindNode(QStringLiteral("BottleInspection.Locator"))->iconPath(),
+    QCOMPARE(root->poFindNode(QStringLiteral("Module Application.Locator"))->iconPath(),
              QStringLiteral(":/images/Setting-3.svg"));
     // The one Result module cannot be copied.
-    QVERIFY(!root->poFindNode(QStringLiteral("BottleInspection.Result"))->isCopyable());
+    QVERIFY(!root->poFindNode(QStringLiteral("Module Application.Result"))->isCopyable());
 
     const DItem* input
-        = root->poFindNode(QStringLiteral("BottleInspection.ImageFilter.InputImage"));
+        = root->poFindNode(QStringLiteral("Module Application.ImageFilter.InputImage"));
     QVERIFY(input->isLinkable() && input->isLinked());
-    QCOMPARE(input->linkedPath(), QStringLiteral("BottleInspection.Camera.Image"));
+    QCOMPARE(input->linkedPath(), QStringLiteral("Module Application.Camera.Image"));
 
     const DItem* ocrConfidence
-        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.OcrConfidence"));
+        = root->poFindNode(QStringLiteral("Module Application.Measurement.OcrConfidence"));
     QVERIFY(ocrConfidence->isLinked());
-    QCOMPARE(ocrConfidence->linkedPath(), QStringLiteral("BottleInspection.OCR.Confidence"));
-    const DItem* confidence = root->poFindNode(QStringLiteral("BottleInspection.OCR.Confidence"));
+    QCOMPARE(ocrConfidence->linkedPath(), QStringLiteral("Module Application.OCR.Confidence"));
+    const DItem* confidence = root->poFindNode(QStringLiteral("Module Application.OCR.Confidence"));
     QVERIFY(confidence->hasErrorState());
     QVERIFY(!confidence->isEditable());
     // "Not Available" is what the host's inverted flag means.
     const DItem* temperature
-        = root->poFindNode(QStringLiteral("BottleInspection.Camera.Temperature"));
+        = root->poFindNode(QStringLiteral("Module Application.Camera.Temperature"));
     QVERIFY(temperature->isInitialized());
-    const DItem* score = root->poFindNode(QStringLiteral("BottleInspection.Locator.Score"));
+    const DItem* score = root->poFindNode(QStringLiteral("Module Application.Locator.Score"));
     QCOMPARE(score->outOfRangeCounter(), 3);
-    const DItem* offset = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Offset"));
+    const DItem* offset = root->poFindNode(QStringLiteral("Module Application.Measurement.Offset"));
     QCOMPARE(offset->property("IData.IsGuiVisible"), QVariant(false));
-    const DItem* debug = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Debug"));
+    const DItem* debug = root->poFindNode(QStringLiteral("Module Application.Measurement.Debug"));
     QCOMPARE(debug->property("GUI.Unavailable"), QVariant(true));
-    const DItem* device = root->poFindNode(QStringLiteral("BottleInspection.Camera.DeviceId"));
+    const DItem* device = root->poFindNode(QStringLiteral("Module Application.Camera.DeviceId"));
     QCOMPARE(device->property("iIsEditable"), QVariant(false));
 }
 
@@ -186,20 +191,20 @@ void TestJobLoader::pointAxesAreNodesOfThePoint()
 {
     const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
     QVERIFY(root);
-    DItem* position = root->poFindNode(QStringLiteral("BottleInspection.Locator.Position"));
+    DItem* position = root->poFindNode(QStringLiteral("Module Application.Locator.Position"));
     QVERIFY(position);
     const DItem* x = axisNode(*position, "X");
     const DItem* y = axisNode(*position, "Y");
     QVERIFY(x && y && axisNode(*position, "Z"));
     QCOMPARE(x->parent(), position);
-    QCOMPARE(x->iDataPath(), QStringLiteral("BottleInspection.Locator.Position.X"));
+    QCOMPARE(x->iDataPath(), QStringLiteral("Module Application.Locator.Position.X"));
     QCOMPARE(x->property("IDataNumeric.DynamicValue").toDouble(), 312.5);
     QCOMPARE(y->property("IDataNumeric.DynamicValue").toDouble(), 188.25);
     // The axes are reached through the point only, not as children of the tree.
     QVERIFY(position->childNodes().isEmpty());
 
     const DItem* reference
-        = root->poFindNode(QStringLiteral("BottleInspection.Measurement.Reference"));
+        = root->poFindNode(QStringLiteral("Module Application.Measurement.Reference"));
     QVERIFY(axisNode(*reference, "X"));
     QVERIFY(!axisNode(*reference, "Z"));
 }
@@ -209,19 +214,19 @@ void TestJobLoader::imagesAndBinaries()
     const auto root = load(WORKBENCH_DIR "/jobs/sample-job.json");
     QVERIFY(root);
     auto* image = qobject_cast<Script::GraphicItems::WImage::Image*>(
-        root->poFindNode(QStringLiteral("BottleInspection.Camera.Image")));
+        root->poFindNode(QStringLiteral("Module Application.Camera.Image")));
     QVERIFY(image);
     QCOMPARE(image->qImage().size(), QSize(160, 120));
     QCOMPARE(image->channelList().size(), 3);
     QCOMPARE(image->channelList().at(1)->iDataPath(),
-             QStringLiteral("BottleInspection.Camera.Image.Green"));
+             QStringLiteral("Module Application.Camera.Image.Green"));
 
     auto* calibration = qobject_cast<Script::BinaryItem*>(
-        root->poFindNode(QStringLiteral("BottleInspection.OCR.Calibration")));
+        root->poFindNode(QStringLiteral("Module Application.OCR.Calibration")));
     QVERIFY(calibration);
     QCOMPARE(calibration->binaryData(), QByteArray::fromHex("00010203040506070809"));
     auto* model = qobject_cast<Script::BinaryItem*>(
-        root->poFindNode(QStringLiteral("BottleInspection.Locator.Model")));
+        root->poFindNode(QStringLiteral("Module Application.Locator.Model")));
     QVERIFY(model);
     QCOMPARE(model->iDataType(), QStringLiteral("IDataBinaryFile"));
     QCOMPARE(model->property("FileName"), QVariant("bottle_neck.dxf"));
@@ -247,7 +252,7 @@ void TestJobLoader::examplesLoad()
     QFETCH(int, modules);
     const auto job = load(QStringLiteral(WORKBENCH_DIR "/examples/") + file);
     QVERIFY(job);
-    QCOMPARE(job->iDataPath(), root);
+    QCOMPARE(job->unTranslatedName(), root);
     QCOMPARE(job->childNodes().size(), modules);
 }
 
@@ -274,8 +279,9 @@ void TestJobLoader::refusesWrongDocuments_data()
         << QByteArray(R"({"name":"J","modules":[{"name":"M"},{"name":"M"}]})")
         << "two modules are named M";
     QTest::newRow("two nodes of one name")
-        << node(R"({"name":"A"},{"name":"A"})") << "J.M: two nodes are named A";
-    QTest::newRow("unknown key") << node(R"({"name":"A","vlaue":1})") << "J.M.A: unknown key";
+        << node(R"({"name":"A"},{"name":"A"})") << "Module Application.M: two nodes are named A";
+    QTest::newRow("unknown key") << node(R"({"name":"A","vlaue":1})")
+                                 << "Module Application.M.A: unknown key";
     QTest::newRow("wrong io") << node(R"({"name":"A","io":"both"})") << "\"io\" must be";
     QTest::newRow("flag not a bool") << node(R"({"name":"A","error":1})") << "true or false";
     QTest::newRow("int with a fraction")
@@ -298,7 +304,7 @@ void TestJobLoader::refusesWrongDocuments_data()
     QTest::newRow("value on a generic node")
         << node(R"({"name":"A","type":"IDataPlan","value":1})") << "holds no value";
     QTest::newRow("link on a node that takes none")
-        << node(R"({"name":"A","io":"output","link":"J.M.B"})") << "not linkable";
+        << node(R"({"name":"A","io":"output","link":"Module Application.M.B"})") << "not linkable";
     QTest::newRow("negative out-of-range count")
         << node(R"({"name":"A","outOfRange":-1})") << "\"outOfRange\" must be a count";
     QTest::newRow("bad base64") << node(R"({"name":"A","type":"IDataBinary","base64":"@@@"})")
@@ -326,19 +332,24 @@ void TestJobLoader::refusesWrongDocuments_data()
         return node((QByteArray(input).replace("%2", target) + more).constData());
     };
     QTest::newRow("link to a node that does not exist")
-        << linked("J.M.Nothing") << "J.M.A: the link goes to J.M.Nothing, which the job does not have";
-    QTest::newRow("link to itself") << linked("J.M.A") << "J.M.A: the node is linked to itself";
+        << linked("Module Application.M.Nothing")
+        << "Module Application.M.A: the link goes to Module Application.M.Nothing, which the job "
+           "does not have";
+    QTest::newRow("link to itself") << linked("Module Application.M.A")
+                                    << "Module Application.M.A: the node is linked to itself";
     QTest::newRow("link between incompatible types")
-        << linked("J.M.S", R"(,{"name":"S","type":"IDataBasicString","io":"output"})")
-        << "a node of type IDataBasicInt cannot be linked to J.M.S of type IDataBasicString";
-    QTest::newRow("links in a circle")
-        << linked("J.M.B",
-                  R"(,{"name":"B","type":"IDataBasicInt","io":"input","linkable":true,"link":"J.M.C"})"
-                  R"(,{"name":"C","type":"IDataBasicDouble","io":"input","linkable":true,"link":"J.M.A"})")
-        << "go round in a circle";
+        << linked("Module Application.M.S",
+                  R"(,{"name":"S","type":"IDataBasicString","io":"output"})")
+        << "a node of type IDataBasicInt cannot be linked to Module Application.M.S of type "
+           "IDataBasicString";
+    QTest::newRow("links in a circle") << linked(
+        "Module Application.M.B",
+        R"(,{"name":"B","type":"IDataBasicInt","io":"input","linkable":true,"link":"Module Application.M.C"})"
+        R"(,{"name":"C","type":"IDataBasicDouble","io":"input","linkable":true,"link":"Module Application.M.A"})")
+                                       << "go round in a circle";
     QTest::newRow("int local below min")
         << node(R"({"name":"A","type":"IDataBasicInt","value":5,"min":10,"max":20})")
-        << "J.M.A: the local value 5 lies outside \"min\" 10 .. \"max\" 20";
+        << "Module Application.M.A: the local value 5 lies outside \"min\" 10 .. \"max\" 20";
     QTest::newRow("double local above max")
         << node(R"({"name":"A","type":"IDataBasicDouble","value":1,"local":2.5,"max":2})")
         << "the local value 2.5 lies outside";
@@ -360,13 +371,13 @@ void TestJobLoader::acceptsWhatAHostHolds_data()
     QTest::newRow("local on its limits")
         << QByteArray(R"({"name":"A","type":"IDataBasicInt64","local":"-9223372036854775808",)"
                       R"("min":"-9223372036854775808","max":"9223372036854775807"})");
-    QTest::newRow("link forwards in the file and a chain of links")
-        << QByteArray(R"({"name":"A","type":"IDataBasicInt","io":"input","link":"J.M.B"},)"
-                      R"({"name":"B","type":"IDataBasicDouble","io":"input","link":"J.M.C"},)"
-                      R"({"name":"C","type":"IDataBasicInt","io":"output"})");
-    QTest::newRow("link to a point's axis")
-        << QByteArray(R"({"name":"A","type":"IDataBasicDouble","io":"input","link":"J.M.P.X"},)"
-                      R"({"name":"P","type":"IDataGeoPoint","io":"output","x":1,"y":2})");
+    QTest::newRow("link forwards in the file and a chain of links") << QByteArray(
+        R"({"name":"A","type":"IDataBasicInt","io":"input","link":"Module Application.M.B"},)"
+        R"({"name":"B","type":"IDataBasicDouble","io":"input","link":"Module Application.M.C"},)"
+        R"({"name":"C","type":"IDataBasicInt","io":"output"})");
+    QTest::newRow("link to a point's axis") << QByteArray(
+        R"({"name":"A","type":"IDataBasicDouble","io":"input","link":"Module Application.M.P.X"},)"
+        R"({"name":"P","type":"IDataGeoPoint","io":"output","x":1,"y":2})");
 }
 
 void TestJobLoader::acceptsWhatAHostHolds()
@@ -422,7 +433,8 @@ void TestJobLoader::largeFileReportsProgress()
     QVERIFY(std::is_sorted(told.begin(), told.end()));
     QCOMPARE(told.last(), 100);
     QVERIFY(told.first() < 50);
-    QCOMPARE(root->poFindNode(QStringLiteral("J.M.S"))->property("IDataBasicString.LocalValue"),
+    QCOMPARE(root->poFindNode(QStringLiteral("Module Application.M.S"))
+                 ->property("IDataBasicString.LocalValue"),
              QVariant(text));
 
     // A document that is refused ends its progress too.

@@ -28,7 +28,7 @@ const char* const kJob = R"({
     ] },
     { "name": "Sink", "nodes": [
         { "name": "Double", "type": "IDataBasicDouble", "io": "input", "value": 0.25,
-          "link": "Job.Source.Double" },
+          "link": "Module Application.Source.Double" },
         { "name": "Own", "type": "IDataBasicInt", "io": "input", "value": 3,
           "dynamicMin": 0, "dynamicMax": 10 }
     ] }
@@ -96,7 +96,7 @@ void TestJobRunner::aStepMovesOnlyNumericOutputs()
 {
     JobRunner runner(m_oModel);
     QSignalSpy changed(&m_oModel, &JobModel::nodesChanged);
-    DItem* unavailable = m_oModel.poNode(QStringLiteral("Job.Source.Double"));
+    DItem* unavailable = m_oModel.poNode(QStringLiteral("Module Application.Source.Double"));
     QVERIFY(unavailable->isInitialized());
     runner.vStep();
     QCOMPARE(changed.count(), 1);
@@ -106,17 +106,20 @@ void TestJobRunner::aStepMovesOnlyNumericOutputs()
     for (const DItem* node : changed.first().first().value<QList<DItem*>>())
         paths.append(node->iDataPath());
     paths.sort();
-    QCOMPARE(paths, (QStringList {"Job.Sink.Double", "Job.Source.Big", "Job.Source.Double",
-                                  "Job.Source.Int"}));
+    QCOMPARE(paths,
+             (QStringList {"Module Application.Sink.Double", "Module Application.Source.Big",
+                           "Module Application.Source.Double", "Module Application.Source.Int"}));
     for (int i = 0; i < 20; ++i)
         runner.vStep();
     QCOMPARE(changed.count(), 21);
-    QCOMPARE(m_oModel.poNode(QStringLiteral("Job.Sink.Own"))->property("IDataNumeric.DynamicValue"),
+    QCOMPARE(m_oModel.poNode(QStringLiteral("Module Application.Sink.Own"))
+                 ->property("IDataNumeric.DynamicValue"),
              QVariant(3));
-    QCOMPARE(m_oModel.poNode(QStringLiteral("Job.Source.Text"))
+    QCOMPARE(m_oModel.poNode(QStringLiteral("Module Application.Source.Text"))
                  ->property("IDataBasicString.DynamicValue"),
              QVariant(QStringLiteral("abc")));
-    QVERIFY(m_oModel.poNode(QStringLiteral("Job.Source.Int"))->property("IDataNumeric.DynamicValue")
+    QVERIFY(m_oModel.poNode(QStringLiteral("Module Application.Source.Int"))
+                ->property("IDataNumeric.DynamicValue")
             != QVariant(50));
 }
 
@@ -126,17 +129,19 @@ void TestJobRunner::valuesKeepTheirType()
     for (int i = 0; i < 10; ++i)
         runner.vStep();
     const auto typeOf = [this](const char* path) {
-        return m_oModel.poNode(QLatin1String(path))->property("IDataNumeric.DynamicValue").userType();
+        return m_oModel.poNode(QLatin1String(path))
+            ->property("IDataNumeric.DynamicValue")
+            .userType();
     };
-    QCOMPARE(typeOf("Job.Source.Int"), int(QMetaType::Int));
-    QCOMPARE(typeOf("Job.Source.Big"), int(QMetaType::LongLong));
-    QCOMPARE(typeOf("Job.Source.Double"), int(QMetaType::Double));
+    QCOMPARE(typeOf("Module Application.Source.Int"), int(QMetaType::Int));
+    QCOMPARE(typeOf("Module Application.Source.Big"), int(QMetaType::LongLong));
+    QCOMPARE(typeOf("Module Application.Source.Double"), int(QMetaType::Double));
 }
 
 void TestJobRunner::outputsStayInOrNearTheirRange()
 {
     JobRunner runner(m_oModel);
-    const DItem* node = m_oModel.poNode(QStringLiteral("Job.Source.Int"));
+    const DItem* node = m_oModel.poNode(QStringLiteral("Module Application.Source.Int"));
     for (int i = 0; i < 300; ++i) {
         runner.vStep();
         const int value = node->property("IDataNumeric.DynamicValue").toInt();
@@ -149,7 +154,7 @@ void TestJobRunner::outputsStayInOrNearTheirRange()
 void TestJobRunner::errorsAndExcursionsHappen()
 {
     JobRunner runner(m_oModel);
-    const DItem* node = m_oModel.poNode(QStringLiteral("Job.Source.Int"));
+    const DItem* node = m_oModel.poNode(QStringLiteral("Module Application.Source.Int"));
     int errors = 0;
     int outside = 0;
     for (int i = 0; i < 300; ++i) {
@@ -167,9 +172,9 @@ void TestJobRunner::linkedInputsFollow()
 {
     JobRunner runner(m_oModel);
     runner.vStep();
-    const QVariant source
-        = m_oModel.poNode(QStringLiteral("Job.Source.Double"))->property("IDataNumeric.DynamicValue");
-    QCOMPARE(m_oModel.poNode(QStringLiteral("Job.Sink.Double"))
+    const QVariant source = m_oModel.poNode(QStringLiteral("Module Application.Source.Double"))
+                                ->property("IDataNumeric.DynamicValue");
+    QCOMPARE(m_oModel.poNode(QStringLiteral("Module Application.Sink.Double"))
                  ->property("IDataNumeric.DynamicValue"),
              source);
 }

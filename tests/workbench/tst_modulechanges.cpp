@@ -116,6 +116,10 @@ void TestModuleChanges::placingRules_data()
         << path("Locator") << path("") << "nothing may come before the first camera";
     QTest::newRow("moving the result module") << path("Result") << path("Camera") << "";
     QTest::newRow("moving the camera onto itself") << path("Camera") << path("Camera") << "";
+    QTest::newRow("a module by its name alone, as copy mode asks")
+        << "Locator" << path("OCR") << "";
+    QTest::newRow("by its name alone in front of the camera")
+        << "Locator" << path("") << "nothing may come before the first camera";
 }
 
 void TestModuleChanges::placingRules()

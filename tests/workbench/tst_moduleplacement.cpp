@@ -337,6 +337,8 @@ void TestModulePlacement::copyByMenuAndClick()
     QVERIFY(tree().isInCopyMode());
     moveMouse(tree().visualItemRect(row(QStringLiteral("OCR"))).center());
     QVERIFY(phantom());
+    // The preview is named as the host names its modules, without the root's path.
+    QCOMPARE(phantom()->text(0), QStringLiteral("Locator"));
     QCOMPARE(tree().topLevelItem(0)->indexOfChild(phantom()), 4);
     clickAt(tree().visualItemRect(phantom()).center());
     QVERIFY(!tree().isInCopyMode());

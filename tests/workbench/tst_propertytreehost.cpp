@@ -31,12 +31,12 @@ using PropertyBrowser::WTreePropertyBrowser;
 
 namespace {
 
-const QString kCamera = QStringLiteral("BottleInspection.Camera");
-const QString kExposure = QStringLiteral("BottleInspection.Camera.Exposure");
-const QString kTemperature = QStringLiteral("BottleInspection.Camera.Temperature");
-const QString kMeasurement = QStringLiteral("BottleInspection.Measurement");
+const QString kCamera = QStringLiteral("Module Application.Camera");
+const QString kExposure = QStringLiteral("Module Application.Camera.Exposure");
+const QString kTemperature = QStringLiteral("Module Application.Camera.Temperature");
+const QString kMeasurement = QStringLiteral("Module Application.Measurement");
 // Hidden in the normal view.
-const QString kOffset = QStringLiteral("BottleInspection.Measurement.Offset");
+const QString kOffset = QStringLiteral("Module Application.Measurement.Offset");
 
 } // namespace
 
@@ -236,7 +236,7 @@ void TestPropertyTreeHost::splitterIsSavedAndRestoredByANewDock()
     const int moved = saved + 37;
     browser().setSplitterPosition(moved);
     // The position is saved when the rows are replaced.
-    QVERIFY(select(QStringLiteral("BottleInspection.Locator")));
+    QVERIFY(select(QStringLiteral("Module Application.Locator")));
     QCOMPARE(group->valueOf(QStringLiteral("SplitterPos")).toInt(), moved);
 
     m_poWindow.reset();
@@ -294,13 +294,13 @@ void TestPropertyTreeHost::runningJobMovesTheOutputs()
 void TestPropertyTreeHost::renamingAModuleRefillsTheRows()
 {
     QVERIFY(select(kCamera));
-    const QString path = QStringLiteral("BottleInspection.Camera");
+    const QString path = QStringLiteral("Module Application.Camera");
     QString error;
     QVERIFY(m_poWindow->model().bRename(m_poWindow->model().poNode(path),
                                         QStringLiteral("LineCamera"), &error));
     // The rows of the old paths went at once; the tree, rebuilt, shows the module again.
     QVERIFY(!browser().getWProperty(kExposure));
-    QTRY_VERIFY(browser().getWProperty(QStringLiteral("BottleInspection.LineCamera.Exposure")));
+    QTRY_VERIFY(browser().getWProperty(QStringLiteral("Module Application.LineCamera.Exposure")));
 }
 
 void TestPropertyTreeHost::expertViewShowsHiddenRowsAtOnce()

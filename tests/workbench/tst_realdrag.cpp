@@ -2,6 +2,7 @@
 #include "jobmodel.h"
 #include "moduletoolbox.h"
 #include "requestlog.h"
+#include "samplejob.h"
 #include "testsupport.h"
 #include "workbenchwindow.h"
 
@@ -85,7 +86,7 @@ WidgetTreeView& TestRealDrag::tree() const
 
 QTreeWidgetItem* TestRealDrag::row(const QString& module) const
 {
-    return m_poWindow->poNavigator()->poFindItem(QStringLiteral("BottleInspection.") + module);
+    return m_poWindow->poNavigator()->poFindItem(SampleJob::path(module));
 }
 
 QStringList TestRealDrag::jobModules() const
@@ -200,7 +201,8 @@ void TestRealDrag::moduleDrag()
         const QPoint over = tree().visualItemRect(row(QStringLiteral("Camera"))).center();
         pointerTo(viewport, over, Qt::LeftButton);
         pointerTo(viewport, over + QPoint(1, 0), Qt::LeftButton);
-        previewed = phantom() && tree().topLevelItem(0)->indexOfChild(phantom()) == 1;
+        previewed = phantom() && phantom()->text(0) == QLatin1String("Result")
+            && tree().topLevelItem(0)->indexOfChild(phantom()) == 1;
         QMouseEvent release(QEvent::MouseButtonRelease, over, viewport->mapToGlobal(over),
                             Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(viewport, &release);

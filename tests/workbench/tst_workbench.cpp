@@ -159,29 +159,30 @@ void TestWorkbench::fillsTheJobTree()
     QCOMPARE(root->text(0), QStringLiteral("BottleInspection"));
     QCOMPARE(root->childCount(), 6);
     QVERIFY(root->isExpanded());
-    QTreeWidgetItem* exposure = itemOf(tree(), QStringLiteral("BottleInspection.Camera.Exposure"));
+    QTreeWidgetItem* exposure
+        = itemOf(tree(), QStringLiteral("Module Application.Camera.Exposure"));
     QVERIFY(exposure);
     QCOMPARE(exposure->toolTip(0), QStringLiteral("Input"));
     // The "Add Module" row stays outside the job's subtree.
     QCOMPARE(tree().topLevelItem(1), m_poWindow->poNavigator()->poAddModuleItem());
     // The unavailable node is hidden, the one that is only not shown in the normal view too.
-    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Measurement.Debug"))->isHidden());
-    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Measurement.Offset"))->isHidden());
+    QVERIFY(itemOf(tree(), QStringLiteral("Module Application.Measurement.Debug"))->isHidden());
+    QVERIFY(itemOf(tree(), QStringLiteral("Module Application.Measurement.Offset"))->isHidden());
 }
 
 void TestWorkbench::selectingAModuleSendsARequest()
 {
     const int before = requestsWithId(9);
-    tree().setCurrentItem(itemOf(tree(), QStringLiteral("BottleInspection.Locator")));
+    tree().setCurrentItem(itemOf(tree(), QStringLiteral("Module Application.Locator")));
     QCOMPARE(requestsWithId(9), before + 1);
     const RequestLog* log = m_poWindow->poRequestLog();
     QCOMPARE(log->rowTexts(log->count() - 1).value(5),
-             QStringLiteral("Selected BottleInspection.Locator"));
+             QStringLiteral("Selected Module Application.Locator"));
 }
 
 void TestWorkbench::renamingAModule()
 {
-    QTreeWidgetItem* camera = itemOf(tree(), QStringLiteral("BottleInspection.Camera"));
+    QTreeWidgetItem* camera = itemOf(tree(), QStringLiteral("Module Application.Camera"));
     tree().setCurrentItem(camera);
     QVERIFY(QMetaObject::invokeMethod(m_poWindow->poNavigator(), "renameCurrentItem"));
     QLineEdit* editor = nullptr;
@@ -190,16 +191,16 @@ void TestWorkbench::renamingAModule()
     QTest::keyClicks(editor, QStringLiteral("LineCamera"));
     QTest::keyClick(editor, Qt::Key_Return);
 
-    QTRY_VERIFY(m_poWindow->model().poNode(QStringLiteral("BottleInspection.LineCamera")));
-    QVERIFY(!m_poWindow->model().poNode(QStringLiteral("BottleInspection.Camera")));
+    QTRY_VERIFY(m_poWindow->model().poNode(QStringLiteral("Module Application.LineCamera")));
+    QVERIFY(!m_poWindow->model().poNode(QStringLiteral("Module Application.Camera")));
     QCOMPARE(requestsWithId(522), 1);
     // Links into the renamed module follow it.
     QCOMPARE(m_poWindow->model()
-                 .poNode(QStringLiteral("BottleInspection.ImageFilter.InputImage"))
+                 .poNode(QStringLiteral("Module Application.ImageFilter.InputImage"))
                  ->linkedPath(),
-             QStringLiteral("BottleInspection.LineCamera.Image"));
-    QTRY_VERIFY(itemOf(tree(), QStringLiteral("BottleInspection.LineCamera")));
-    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.LineCamera"))->text(0),
+             QStringLiteral("Module Application.LineCamera.Image"));
+    QTRY_VERIFY(itemOf(tree(), QStringLiteral("Module Application.LineCamera")));
+    QCOMPARE(itemOf(tree(), QStringLiteral("Module Application.LineCamera"))->text(0),
              QStringLiteral("LineCamera"));
 }
 
@@ -211,13 +212,13 @@ void TestWorkbench::switchingTheLanguage()
     auto* dock = m_poWindow->findChild<QDockWidget*>(QStringLiteral("jobTreeDock"));
     QCOMPARE(dock->windowTitle(), QStringLiteral("Jobbaum"));
     QCOMPARE(m_poWindow->windowTitle(), QStringLiteral("Werkbank"));
-    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
+    QCOMPARE(itemOf(tree(), QStringLiteral("Module Application.Camera"))->text(0),
              QStringLiteral("Kamera"));
 
     QVERIFY(m_poWindow->bSetLanguage(QStringLiteral("en")));
     QTRY_COMPARE(retranslated.count(), 2);
     QCOMPARE(dock->windowTitle(), QStringLiteral("Job Tree"));
-    QCOMPARE(itemOf(tree(), QStringLiteral("BottleInspection.Camera"))->text(0),
+    QCOMPARE(itemOf(tree(), QStringLiteral("Module Application.Camera"))->text(0),
              QStringLiteral("Camera"));
 }
 
@@ -242,31 +243,31 @@ bool TestWorkbench::bSwitchLanguage(const QString& language)
 void TestWorkbench::openingAnotherJobReplacesBothTrees()
 {
     // The trees point into the job that is replaced; the sanitizer build sees any read of it.
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Locator")));
-    itemOf(tree(), QStringLiteral("BottleInspection.Locator"))->setExpanded(true);
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.Locator")));
+    itemOf(tree(), QStringLiteral("Module Application.Locator"))->setExpanded(true);
     QString error;
     QVERIFY2(m_poWindow->bOpenJob(QStringLiteral(WORKBENCH_DIR "/examples/label-check.json"),
                                   &error),
              qPrintable(error));
     QCOMPARE(tree().topLevelItem(0)->text(0), QStringLiteral("LabelCheck"));
-    QVERIFY(!itemOf(tree(), QStringLiteral("BottleInspection.Locator")));
+    QVERIFY(!itemOf(tree(), QStringLiteral("Module Application.Locator")));
     auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
     QVERIFY(browser->topLevelItems().isEmpty());
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("LabelCheck.Camera")));
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.Camera")));
     QCOMPARE(browser->topLevelItems().size(), 2);
 }
 
 void TestWorkbench::deleteKeyRemovesAModule()
 {
     JobModel& model = m_poWindow->model();
-    const QString reference = QStringLiteral("BottleInspection.Measurement.Reference");
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Locator")));
+    const QString reference = QStringLiteral("Module Application.Measurement.Reference");
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.Locator")));
     tree().setFocus();
     QVERIFY(QTest::qWaitForWindowActive(m_poWindow.get()));
     QTRY_VERIFY(tree().hasFocus());
     QTest::keyClick(&tree(), Qt::Key_Delete);
     QCOMPARE(requestsWithId(521), 1);
-    QVERIFY(!model.poNode(QStringLiteral("BottleInspection.Locator")));
+    QVERIFY(!model.poNode(QStringLiteral("Module Application.Locator")));
     // The link into the deleted module stays, in error.
     QVERIFY(model.poNode(reference)->isLinked());
     QVERIFY(model.poNode(reference)->hasLinkError());
@@ -287,8 +288,8 @@ void TestWorkbench::deleteKeyRemovesAModule()
     QTRY_COMPARE(tree().topLevelItem(0)->childCount(), 6);
     QCOMPARE(modules(),
              QStringList({"Camera", "ImageFilter", "Locator", "OCR", "Measurement", "Result"}));
-    QVERIFY(model.poNode(QStringLiteral("BottleInspection.Locator.Position")));
-    QVERIFY(itemOf(tree(), QStringLiteral("BottleInspection.Locator.Position")));
+    QVERIFY(model.poNode(QStringLiteral("Module Application.Locator.Position")));
+    QVERIFY(itemOf(tree(), QStringLiteral("Module Application.Locator.Position")));
     QVERIFY(model.poNode(reference)->isLinked());
     QVERIFY(!model.poNode(reference)->hasLinkError());
     // Redo deletes it again.
@@ -301,7 +302,7 @@ void TestWorkbench::deleteKeyRemovesAModule()
 void TestWorkbench::germanReachesEveryText()
 {
     QVERIFY(bSwitchLanguage(QStringLiteral("de")));
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Camera")));
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.Camera")));
     // Names keep their units.
     auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
     const QAbstractItemModel* rows = browser->findChild<QTreeView*>()->model();
@@ -333,8 +334,8 @@ void TestWorkbench::germanLinkPanelTextFits()
 {
     QVERIFY(bSwitchLanguage(QStringLiteral("de")));
     // No other node can give a trigger mode its value: the picker has nothing to offer.
-    const QString path = QStringLiteral("BottleInspection.Camera.TriggerMode");
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("BottleInspection.Camera")));
+    const QString path = QStringLiteral("Module Application.Camera.TriggerMode");
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.Camera")));
     QString shown;
     int textWidth = 0;
     int room = 0;
@@ -396,7 +397,7 @@ void TestWorkbench::aHugeTextValueIsDrawnCut()
     file.close();
     QString error;
     QVERIFY2(m_poWindow->bOpenJob(path, &error), qPrintable(error));
-    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Big.M")));
+    QVERIFY(m_poWindow->bSelectNode(QStringLiteral("Module Application.M")));
 
     auto* browser = m_poWindow->poNavigator()->findChild<QtTreePropertyBrowser*>();
     auto* view = browser->findChild<QTreeView*>();
@@ -495,14 +496,15 @@ void TestWorkbench::editOptionsRefuseWhatIsNotThere_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("message");
 
-    const QString unknown = QStringLiteral("BottleInspection.Camera.Nothing");
-    const QString output = QStringLiteral("BottleInspection.Camera.FrameCounter");
+    const QString unknown = QStringLiteral("Module Application.Camera.Nothing");
+    const QString output = QStringLiteral("Module Application.Camera.FrameCounter");
     QTest::newRow("--edit, unknown value")
         << "--edit" << unknown << "the property tree shows no value \"" + unknown + '"';
     QTest::newRow("--dialog, unknown value")
         << "--dialog" << unknown << "the property tree shows no value \"" + unknown + '"';
-    QTest::newRow("--edit, unknown module") << "--edit" << "BottleInspection.Nowhere.X"
-                                            << "the job has no node \"BottleInspection.Nowhere\"";
+    QTest::newRow("--edit, unknown module") << "--edit"
+                                            << "Module Application.Nowhere.X"
+                                            << "the job has no node \"Module Application.Nowhere\"";
     QTest::newRow("--edit, an output without editor")
         << "--edit" << output << "the value \"" + output + "\" has no editor";
     QTest::newRow("--dialog, an output without dialog")
