@@ -435,32 +435,23 @@ int JobModel::moduleIndexAfter(const QString& insertionPath) const
 
 bool JobModel::bCanPlace(const QString& moduleId, const QString& insertionPath, QString* why) const
 {
-    const int index = moduleIndexAfter(insertionPath);
-    if (index < 0)
+    if (moduleIndexAfter(insertionPath) < 0)
         return refuse(why, QStringLiteral("%1 is no place for a module").arg(insertionPath));
     // A module comes by its path, or in copy mode by its name alone: the dock strips the
     // root's path before it asks.
     DItem* moved = poModule(moduleId);
     if (!moved && !moduleId.isEmpty())
         moved = poModule(poRoot()->iDataPath() + QLatin1Char('.') + moduleId);
-    const QString kind = moved ? moved->property(ModuleCatalog::kTypeKey).toString() : moduleId;
-    const ModuleCatalog::Entry* entry = ModuleCatalog::find(kind);
+    const ModuleCatalog::Entry* entry
+        = moved ? ModuleCatalog::kindOf(*moved) : ModuleCatalog::find(moduleId);
     if (!moved && !entry)
         return refuse(why, QStringLiteral("%1 is no module and no kind of module").arg(moduleId));
 
-    // The module list as it would be: a move leaves its old place, anything else is added.
-    QList<const DItem*> order;
-    for (const DItem* module : poRoot()->childNodes())
-        order.append(module);
-    int at = index;
-    if (moved && order.indexOf(moved) < index)
-        --at;
-    if (moved)
-        order.removeOne(moved);
+    QList<DItem*> order;
+    const int at = placeIndex(order, moved, insertionPath);
     auto isCamera = [](const DItem* module) {
-        const ModuleCatalog::Entry* kindOf
-            = ModuleCatalog::find(module->property(ModuleCatalog::kTypeKey).toString());
-        return kindOf && kindOf->acquisition;
+        const ModuleCatalog::Entry* kind = ModuleCatalog::kindOf(*module);
+        return kind && kind->acquisition;
     };
     const bool cameraBefore = std::any_of(order.cbegin(), order.cbegin() + at, isCamera);
     if (entry && entry->acquisition) {
@@ -471,13 +462,28 @@ bool JobModel::bCanPlace(const QString& moduleId, const QString& insertionPath, 
         return refuse(why, QStringLiteral("nothing may come before the first camera"));
     }
     if (!moved && entry->unique) {
-        const bool present = std::any_of(order.cbegin(), order.cend(), [&](const DItem* m) {
-            return m->property(ModuleCatalog::kTypeKey).toString() == entry->id;
+        const bool present = std::any_of(order.cbegin(), order.cend(), [entry](const DItem* m) {
+            return ModuleCatalog::kindOf(*m) == entry;
         });
         if (present)
             return refuse(why, QStringLiteral("a job has one %1 module only").arg(entry->name));
     }
     return true;
+}
+
+int JobModel::placeIndex(QList<DItem*>& modules, const DItem* moved,
+                         const QString& insertionPath) const
+{
+    // The list as a move leaves it; anything else is added to it as it is.
+    modules = poRoot()->childNodes();
+    int at = moduleIndexAfter(insertionPath);
+    const int from = modules.indexOf(const_cast<DItem*>(moved));
+    if (from >= 0) {
+        modules.removeAt(from);
+        if (from < at)
+            --at;
+    }
+    return at;
 }
 
 QString JobModel::sFreeModuleName(const QString& base) const
@@ -572,9 +578,9 @@ QString JobModel::sPasteModule(const QString& sourcePath, const QString& inserti
         return QString();
     }
     // The copy is a new module of the same kind; the placing rules treat it as one.
-    const QString kind = source->property(ModuleCatalog::kTypeKey).toString();
+    const ModuleCatalog::Entry* kind = ModuleCatalog::kindOf(*source);
     QString why;
-    if (!bCanPlace(ModuleCatalog::find(kind) ? kind : sourcePath, insertionPath, &why)) {
+    if (!bCanPlace(kind ? kind->id : sourcePath, insertionPath, &why)) {
         refuse(error, why);
         return QString();
     }
@@ -601,12 +607,8 @@ bool JobModel::bMoveModule(const QString& path, const QString& insertionPath, QS
         return refuse(error, why);
     if (path == insertionPath)
         return true;
-    QList<DItem*> children = poRoot()->childNodes();
-    int at = moduleIndexAfter(insertionPath);
-    if (children.indexOf(module) < at)
-        --at;
-    children.removeOne(module);
-    children.insert(at, module);
+    QList<DItem*> children;
+    children.insert(placeIndex(children, module, insertionPath), module);
     if (children != poRoot()->childNodes())
         vChange(poRoot(), children);
     return true;

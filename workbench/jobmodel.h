@@ -112,6 +112,8 @@ private:
     void vChange(Script::DItem* parent, const QList<Script::DItem*>& children);
     void vForgetHistory();
     int moduleIndexAfter(const QString& insertionPath) const;
+    int placeIndex(QList<Script::DItem*>& modules, const Script::DItem* moved,
+                   const QString& insertionPath) const;
     QString sFreeModuleName(const QString& base) const;
     Script::DItem* poModule(const QString& path) const;
     Script::DItem* poSetValue(Script::DItem& node, const QVariant& params, QString* error);

@@ -79,3 +79,8 @@ const ModuleCatalog::Entry* ModuleCatalog::find(const QString& id)
     }
     return nullptr;
 }
+
+const ModuleCatalog::Entry* ModuleCatalog::kindOf(const QObject& module)
+{
+    return find(module.property(kTypeKey).toString());
+}

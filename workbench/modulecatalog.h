@@ -24,6 +24,8 @@ public:
     static const QList<Entry>& entries();
     /// The kind with @p id, or null.
     static const Entry* find(const QString& id);
+    /// The kind of @p module, read from its key, or null for a module of no kind listed here.
+    static const Entry* kindOf(const QObject& module);
     /// The dynamic key under which a module keeps the id of its kind.
     static const char* const kTypeKey;
 

@@ -144,8 +144,6 @@ WidgetTree::WidgetTree(QWidget* parent, Qt::WindowFlags flags)
 WidgetTree::~WidgetTree()
 {
     cleanup();
-    // The tree's model outlives this part of the object while the children go.
-    disconnect(tree->model(), nullptr, this, nullptr);
     if (!showWelcomePage) {
         if (Settings::WAppSetting* group
             = Settings::WAppSettings::instance()->find_setting(kShowWindows))
@@ -205,11 +203,6 @@ void WidgetTree::connectWidgets()
             Qt::UniqueConnection);
     connect(tree, &WidgetTreeView::pasteItem, this, &WidgetTree::pasteItem, Qt::UniqueConnection);
     connect(tree, &WidgetTreeView::moveItem, this, &WidgetTree::moveItem, Qt::UniqueConnection);
-    // The marked row may go with any rebuild of the tree; the mark is then found again by path.
-    connect(tree->model(), &QAbstractItemModel::modelAboutToBeReset, this,
-            &WidgetTree::forgetMarkedRow);
-    connect(tree->model(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
-            &WidgetTree::forgetMarkedRow);
 
     // Edits, link clicks and the editing state go to the host before the browser goes on.
     using Browser = PropertyBrowser::WTreePropertyBrowser;
@@ -594,14 +587,14 @@ void WidgetTree::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (event->key() == Qt::Key_V && ctrlOnly && allowed && !tree->isInCopyMode()) {
-        if (QTreeWidgetItem* marked = markedItem()) {
+        if (markedItem()) {
             QTreeWidgetItem* current = tree->currentItem();
             // On "Add Module", as for a drop there, the copy goes after the last module.
             if (current && WidgetTreeView::bHoldsNoNode(*current))
                 current = tree->getItemAtPosOrLast(QPoint(-1, -1));
             const Script::DItem* target = current ? tree->getDItem(*current) : nullptr;
             if (target)
-                pasteItem(tree->getDItem(*marked)->iDataPath(), target->iDataPath());
+                pasteItem(copiedPath, target->iDataPath());
             return;
         }
     }
@@ -610,14 +603,10 @@ void WidgetTree::keyPressEvent(QKeyEvent* event)
 
 QTreeWidgetItem* WidgetTree::markedItem()
 {
-    if (!copiedItem && !copiedPath.isEmpty())
-        copiedItem = poFindItem(copiedPath);
+    // The host may build the rows anew at any time: the mark is on the node, its row is found
+    // when it is needed.
+    copiedItem = poFindItem(copiedPath);
     return copiedItem;
-}
-
-void WidgetTree::forgetMarkedRow()
-{
-    copiedItem = nullptr;
 }
 
 bool WidgetTree::checkTreeItem(const QString& moduleID, const QString& insertionPath)
@@ -732,7 +721,7 @@ void WidgetTree::deleteCurrentItem()
     // No test of isDeletable(): the host's answer decides.
     sendRequest(500, 521, WParam<QVariant>(QVariantList {node->iDataPath()}, kParamKey),
                 QVariant());
-    if (item == markedItem()) {
+    if (node->iDataPath() == copiedPath) {
         copiedItem = nullptr;
         copiedPath.clear();
     }

@@ -205,7 +205,6 @@ private:
     static void putOnClipboard(const QString& format, const QByteArray& bytes);
     QTreeWidgetItem* markedItem();
     void sendPlacement(int id, const QString& module, const QString& insertionPath);
-    void forgetMarkedRow();
     QVariant sendRequest(int category, int id, const WParam<QVariant>& param, QVariant reply);
     void showWelcome();
     void openAssistant();
@@ -217,7 +216,7 @@ private:
     QQuickWidget* assistantWidget;
     std::unique_ptr<Ui_NavigatorWidgetLayout> ui;
     QTreeWidgetItem* copiedItem;
-    // The path of the marked module: the host may rebuild the rows, the mark stays on the node.
+    // The path of the marked module, of which copiedItem is the row found last.
     QString copiedPath;
     QAction* actionDelete;
     QAction* actionDeleteProperty;

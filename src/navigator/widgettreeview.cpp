@@ -75,12 +75,30 @@ bool isMoveDrag(const QDropEvent& event, const QObject* view)
         && (event.source() == view || !data->hasFormat(WidgetTreeView::kAddFormat));
 }
 
+// The module id and name of a tool-box drag; a payload without "@" names no module, its name is
+// then empty.
+struct AddPayload
+{
+    QString id;
+    QString name;
+};
+
+AddPayload addPayload(const QMimeData& data)
+{
+    const QString text = WidgetTreeView::payloadText(data, WidgetTreeView::kAddFormat);
+    return {text.section(QLatin1Char('@'), 0, 0), text.section(QLatin1Char('@'), 1, 1)};
+}
+
+bool isAddModuleRow(const QTreeWidgetItem* item)
+{
+    return item && item->data(0, WidgetTreeView::AddModuleItemRole).toString() == kAddModuleItem;
+}
+
 } // namespace
 
 bool WidgetTreeView::bHoldsNoNode(const QTreeWidgetItem& item)
 {
-    return item.data(0, AddModuleItemRole).toString() == kAddModuleItem
-        || item.data(0, PhantomRole).toString() == kPhantom;
+    return isAddModuleRow(&item) || item.data(0, PhantomRole).toString() == kPhantom;
 }
 
 WidgetTreeView::WidgetTreeView(QWidget* parent)
@@ -137,8 +155,7 @@ void WidgetTreeView::keyPressEvent(QKeyEvent* event)
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (QTreeWidgetItem* item = currentItem();
-            item && item->data(0, AddModuleItemRole) == QVariant(kAddModuleItem))
+        if (isAddModuleRow(currentItem()))
             emit showToolBox();
         break;
     default:
@@ -158,8 +175,7 @@ void WidgetTreeView::mousePressEvent(QMouseEvent* event)
             event->ignore();
             return;
         }
-        if (dropTarget && dropTarget == phantomItem)
-            dropTarget = itemAbove(phantomItem);
+        dropTarget = rowBeforePreview(dropTarget);
         emit pasteItem(copiedModule, pathOf(dropTarget));
         restore(nullptr);
         return;
@@ -167,7 +183,7 @@ void WidgetTreeView::mousePressEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton)
         pressPos = QPoint(-1, -1);
     QTreeWidgetItem* item = itemAt(event->pos());
-    if (item && item->data(0, AddModuleItemRole).toString() == kAddModuleItem) {
+    if (isAddModuleRow(item)) {
         // Any press on the row is taken; only the left button asks for the tool box.
         if (event->button() == Qt::LeftButton)
             emit showToolBox();
@@ -182,10 +198,14 @@ void WidgetTreeView::mousePressEvent(QMouseEvent* event)
 
 void WidgetTreeView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (itemAt(event->pos()))
-        setCursor(Qt::PointingHandCursor);
-    else
-        unsetCursor();
+    // Set only when it changes: every move of the pointer comes here.
+    const bool overRow = itemAt(event->pos()) != nullptr;
+    if (overRow != testAttribute(Qt::WA_SetCursor)) {
+        if (overRow)
+            setCursor(Qt::PointingHandCursor);
+        else
+            unsetCursor();
+    }
     if (isInCopyMode()) {
         checkCopy(event->pos());
         return;
@@ -270,9 +290,7 @@ void WidgetTreeView::dragMoveEvent(QDragMoveEvent* event)
     if (isMoveDrag(*event, this))
         emit checkTreeItem(payloadText(*data, kMoveFormat), path);
     else
-        emit checkTreeItem(
-            App::getTranslatedName(payloadText(*data, kAddFormat).section(QLatin1Char('@'), 0, 0)),
-            path);
+        emit checkTreeItem(App::getTranslatedName(addPayload(*data).id), path);
 }
 
 void WidgetTreeView::dragLeaveEvent(QDragLeaveEvent* event)
@@ -290,8 +308,7 @@ void WidgetTreeView::dropEvent(QDropEvent* event)
         && (event->possibleActions() & Qt::MoveAction)) {
         if (!dropTarget)
             return;
-        if (dropTarget == phantomItem)
-            dropTarget = itemAbove(phantomItem);
+        dropTarget = rowBeforePreview(dropTarget);
         emit moveItem(payloadText(*data, kMoveFormat), pathOf(dropTarget));
         restore(nullptr);
         event->accept();
@@ -304,14 +321,10 @@ void WidgetTreeView::dropEvent(QDropEvent* event)
         return;
     }
     event->acceptProposedAction();
-    QTreeWidgetItem* item = getItemAtPosOrLast(event->pos());
-    if (item && item == phantomItem)
-        item = itemAbove(phantomItem);
-    // A payload without "@" names no module; its name is then empty.
-    const QStringList parts = payloadText(*data, kAddFormat)
-                                  .split(QLatin1Char('@'), Qt::KeepEmptyParts, Qt::CaseSensitive);
+    const AddPayload added = addPayload(*data);
     // The dock restores the tree once the host has answered.
-    emit insertNewItem(parts.at(0), pathOf(item), parts.value(1));
+    emit insertNewItem(added.id, pathOf(rowBeforePreview(getItemAtPosOrLast(event->pos()))),
+                       added.name);
 }
 
 void WidgetTreeView::setValidationResult(bool isValidPosition)
@@ -339,8 +352,7 @@ void WidgetTreeView::setValidationResult(bool isValidPosition)
             text = isMoveDrag(*activeDragMove, this)
                 ? App::getTranslatedName(
                     payloadText(data, kMoveFormat).remove(kModulePrefix, Qt::CaseSensitive))
-                : App::getTranslatedName(
-                    payloadText(data, kAddFormat).section(QLatin1Char('@'), 1, 1));
+                : App::getTranslatedName(addPayload(data).name);
             // Drops are taken where the host allows them, even after a refused position.
             activeDragMove->acceptProposedAction();
         } else {
@@ -378,6 +390,12 @@ void WidgetTreeView::placePhantom(const QString& text)
     if (currentItem() != phantomItem)
         setCurrentItem(phantomItem, 0);
     phantomItem->setData(0, Qt::DisplayRole, text);
+}
+
+QTreeWidgetItem* WidgetTreeView::rowBeforePreview(QTreeWidgetItem* item) const
+{
+    // Placing on the preview itself means after the row above it.
+    return item && item == phantomItem ? itemAbove(phantomItem) : item;
 }
 
 QTreeWidgetItem* WidgetTreeView::followTarget(QPoint pos)
@@ -582,7 +600,7 @@ void WidgetTreeView::leaveCopyMode()
 QTreeWidgetItem* WidgetTreeView::getItemAtPosOrLast(QPoint pos)
 {
     QTreeWidgetItem* item = itemAt(pos);
-    if (item && item->data(0, AddModuleItemRole).toString() != kAddModuleItem)
+    if (item && !isAddModuleRow(item))
         return item;
     // Below the list or on "Add Module" means after the last module.
     QTreeWidgetItem* root = topLevelItem(0);

@@ -123,6 +123,7 @@ private:
     void placePhantom(const QString& text);
     QString draggedModuleName(const QMimeData& data) const;
     QTreeWidgetItem* followTarget(QPoint pos);
+    QTreeWidgetItem* rowBeforePreview(QTreeWidgetItem* item) const;
     QString pathOf(const QTreeWidgetItem* item) const;
     void forgetItems();
     void forgetRemovedItems(const QModelIndex& parent, int first, int last);

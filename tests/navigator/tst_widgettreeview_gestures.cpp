@@ -567,7 +567,6 @@ void TestWidgetTreeViewGestures::copyModeFollowsThePointer()
     QApplication::sendEvent(m_poView, &leave);
     QVERIFY(!QGuiApplication::overrideCursor());
 
-    QTest::mouseMove(viewport, centreOf(module("C")));
     QMouseEvent move(QEvent::MouseMove, centreOf(module("C")),
                      viewport->mapToGlobal(centreOf(module("C"))), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);

@@ -4,6 +4,7 @@
 #include "requestlog.h"
 #include "samplejob.h"
 #include "testsupport.h"
+#include "workbenchprobe.h"
 #include "workbenchwindow.h"
 
 #include "navigator/widgettree.h"
@@ -106,7 +107,7 @@ void TestModulePlacement::cleanup()
 
 WidgetTreeView& TestModulePlacement::tree() const
 {
-    return *m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
+    return WorkbenchProbe::jobTree(*m_poWindow);
 }
 
 QTreeWidgetItem* TestModulePlacement::row(const QString& module) const
@@ -116,10 +117,7 @@ QTreeWidgetItem* TestModulePlacement::row(const QString& module) const
 
 QStringList TestModulePlacement::jobModules() const
 {
-    QStringList names;
-    for (const Script::DItem* module : m_poWindow->model().poRoot()->childNodes())
-        names << module->unTranslatedName();
-    return names;
+    return WorkbenchProbe::moduleNames(m_poWindow->model());
 }
 
 QStringList TestModulePlacement::treeModules() const
@@ -133,21 +131,12 @@ QStringList TestModulePlacement::treeModules() const
 
 QTreeWidgetItem* TestModulePlacement::phantom() const
 {
-    QTreeWidgetItem* root = tree().topLevelItem(0);
-    for (int i = 0; i < root->childCount(); ++i) {
-        if (root->child(i)->data(0, WidgetTreeView::PhantomRole) == QVariant("Phantom"))
-            return root->child(i);
-    }
-    return nullptr;
+    return WorkbenchProbe::previewRow(tree());
 }
 
 int TestModulePlacement::requests(int id) const
 {
-    const RequestLog* log = m_poWindow->poRequestLog();
-    int found = 0;
-    for (int i = 0; i < log->count(); ++i)
-        found += log->requestId(i) == id ? 1 : 0;
-    return found;
+    return WorkbenchProbe::requestCount(*m_poWindow->poRequestLog(), id);
 }
 
 std::unique_ptr<QMimeData> TestModulePlacement::dragFromToolBox(const QString& name)
@@ -264,7 +253,7 @@ void TestModulePlacement::toolBoxDragInserts()
     const std::unique_ptr<QMimeData> data = dragFromToolBox(QStringLiteral("BlobFinder"));
     QVERIFY(data);
     QCOMPARE(data->data(ModuleToolBox::kAddFormat), QByteArray("blobfinder@BlobFinder"));
-    QVERIFY(data->hasImage() || data->hasFormat(QStringLiteral("application/x-qt-image")));
+    QVERIFY(data->hasImage());
 
     QVERIFY(sendDrag(QEvent::DragEnter, QPoint(10, 10), *data));
     // The tree shows its modules only; positions are reached row by row.

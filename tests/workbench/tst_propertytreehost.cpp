@@ -3,6 +3,7 @@
 #include "jobrunner.h"
 #include "requestlog.h"
 #include "testsupport.h"
+#include "workbenchprobe.h"
 #include "workbenchwindow.h"
 
 #include "navigator/widgettree.h"
@@ -116,11 +117,7 @@ bool TestPropertyTreeHost::select(const QString& path)
 
 int TestPropertyTreeHost::requestsWithId(int id) const
 {
-    const RequestLog* log = m_poWindow->poRequestLog();
-    int found = 0;
-    for (int row = 0; row < log->count(); ++row)
-        found += log->requestId(row) == id ? 1 : 0;
-    return found;
+    return WorkbenchProbe::requestCount(*m_poWindow->poRequestLog(), id);
 }
 
 void TestPropertyTreeHost::selectingAModuleFillsTheRows()

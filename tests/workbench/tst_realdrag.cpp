@@ -4,6 +4,7 @@
 #include "requestlog.h"
 #include "samplejob.h"
 #include "testsupport.h"
+#include "workbenchprobe.h"
 #include "workbenchwindow.h"
 
 #include "navigator/widgettree.h"
@@ -81,7 +82,7 @@ void TestRealDrag::cleanup()
 
 WidgetTreeView& TestRealDrag::tree() const
 {
-    return *m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
+    return WorkbenchProbe::jobTree(*m_poWindow);
 }
 
 QTreeWidgetItem* TestRealDrag::row(const QString& module) const
@@ -91,29 +92,17 @@ QTreeWidgetItem* TestRealDrag::row(const QString& module) const
 
 QStringList TestRealDrag::jobModules() const
 {
-    QStringList names;
-    for (const Script::DItem* module : m_poWindow->model().poRoot()->childNodes())
-        names << module->unTranslatedName();
-    return names;
+    return WorkbenchProbe::moduleNames(m_poWindow->model());
 }
 
 QTreeWidgetItem* TestRealDrag::phantom() const
 {
-    QTreeWidgetItem* root = tree().topLevelItem(0);
-    for (int i = 0; i < root->childCount(); ++i) {
-        if (root->child(i)->data(0, WidgetTreeView::PhantomRole) == QVariant("Phantom"))
-            return root->child(i);
-    }
-    return nullptr;
+    return WorkbenchProbe::previewRow(tree());
 }
 
 int TestRealDrag::requests(int id) const
 {
-    const RequestLog* log = m_poWindow->poRequestLog();
-    int found = 0;
-    for (int i = 0; i < log->count(); ++i)
-        found += log->requestId(i) == id ? 1 : 0;
-    return found;
+    return WorkbenchProbe::requestCount(*m_poWindow->poRequestLog(), id);
 }
 
 void TestRealDrag::pointerTo(QWidget* widget, QPoint pos, Qt::MouseButtons buttons)

@@ -1,9 +1,10 @@
+#include "hostsettings.h"
 #include "jobhost.h"
 #include "jobloader.h"
 #include "jobmodel.h"
 #include "requestlog.h"
-#include "hostsettings.h"
 #include "testsupport.h"
+#include "workbenchprobe.h"
 #include "workbenchwindow.h"
 
 #include "navigator/widgettree.h"
@@ -135,16 +136,12 @@ void TestWorkbench::cleanup()
 
 WidgetTreeView& TestWorkbench::tree()
 {
-    return *m_poWindow->poNavigator()->findChild<WidgetTreeView*>();
+    return WorkbenchProbe::jobTree(*m_poWindow);
 }
 
 int TestWorkbench::requestsWithId(int id) const
 {
-    const RequestLog* log = m_poWindow->poRequestLog();
-    int found = 0;
-    for (int row = 0; row < log->count(); ++row)
-        found += log->requestId(row) == id ? 1 : 0;
-    return found;
+    return WorkbenchProbe::requestCount(*m_poWindow->poRequestLog(), id);
 }
 
 void TestWorkbench::fillsTheJobTree()
