@@ -35,7 +35,9 @@ function(pw_add_test name)
         list(APPEND env
             "ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_init_order=1:fast_unwind_on_malloc=0"
             "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
-            "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1")
+            "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+            # QtTest's own limit per test function follows the longer time of a test.
+            QTEST_FUNCTION_TIMEOUT=1200000)
     endif()
     # The sanitizers unwind the stack at every allocation, Qt's included: the same test takes
     # twenty times as long.
